@@ -1,0 +1,8 @@
+#include "cli/Commands.h"
+
+// "longmate bench ...": speed measurements, one subcommand per subsystem.
+void AddBenchCommand(CLI::App& app) {
+  CLI::App* bench = app.add_subcommand("bench", "Measure speed (medians of repeated runs)");
+  bench->require_subcommand(1);
+  AddBenchPerftCommand(*bench);
+}

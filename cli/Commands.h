@@ -1,0 +1,13 @@
+#pragma once
+#include <CLI/CLI.hpp>
+
+// Each command lives in its own file and registers itself on the application.
+// A command's callback throws CommandExit to end the program with a status.
+struct CommandExit {
+  int status;
+};
+
+void AddPerftCommand(CLI::App& app);
+void AddBenchCommand(CLI::App& app);
+// Subcommands of "bench".
+void AddBenchPerftCommand(CLI::App& bench);

@@ -1,0 +1,21 @@
+#pragma once
+#include "core/Chessboard.h"
+#include "core/Move.h"
+
+// Pseudo-legal moves of one piece, in the fixed orders the search relies on:
+// rook rays up, down, right, left; bishop rays up-right, up-left, down-right,
+// down-left; queen = rook then bishop; pawn step(s), captures towards the lower
+// then the higher file, en passant; promotions as Q R B N (type bits only);
+// king steps, then short and long castling. Writes into out, returns the count.
+namespace movegen {
+
+// Dispatches on the exact piece code on from; a piece not of the side to move gives 0.
+int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out);
+// Every pseudo-legal move of the side to move, square by square from a1 to h8.
+int GenerateAllMoves(const TChessboard& board, TMove* out);
+// Legal replies of the side to move when it is in check (all at once), in generation order.
+int GenerateEvasions(const TChessboard& board, TMove* out);
+// Whether castling on the given king target square (g1, c1, g8, c8) is allowed now.
+bool CanCastle(const TChessboard& board, SquareIndex kingTarget);
+
+}  // namespace movegen

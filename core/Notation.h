@@ -1,0 +1,33 @@
+#pragma once
+#include <functional>
+#include <string>
+
+#include "core/Chessboard.h"
+#include "core/Move.h"
+
+// The long algebraic notation: e2-e4, e4:d5, Ng1-f3, e7-e8Q, d7:c8Q, 0-0, 0-0-0, "-".
+namespace notation {
+
+// movingType is the type of the piece on from before the move; bCapture says the
+// target was occupied (or the pawn took en passant).
+std::string MoveToText(TMove move, PieceCode movingType, bool bCapture);
+// The text of a move in a position (moving piece and capture read from the board).
+std::string MoveToText(const TChessboard& board, TMove move);
+// "Ng1-f3", "e7-e8Q", "0-0" without a position; throws ChessException with
+// "Empty string", "Improper string length", "Improper full description of move",
+// or "Unknown figure letter: X".
+TMove FullDescriptionToMove(const std::string& text, bool bWhite);
+// Short algebraic notation is refused with "Short notation not supported.".
+[[noreturn]] void ReadShortNotation(const std::string& text);
+
+// Parses text against board, checks its shape and makes it in the line. Returns the
+// successor, null for a refused text; throws "Invalid move in MakeMove() : " + text for a
+// well-formed move the legality test refuses. onMade(moveCode, -1) is called on success.
+using TMoveCallback = std::function<void(std::uint32_t, int)>;
+TChessboard* MakeMove(const TChessboard& board, const std::string& text,
+                      const TMoveCallback& onMade = nullptr);
+// "1. e2-e4 e7-e5 2. Ng1-f3": makes the moves one by one, stopping at the first
+// refused one; returns the last position reached (board itself when none was made).
+const TChessboard* ReadMoveSequence(const TChessboard& board, const std::string& text);
+
+}  // namespace notation
