@@ -12,10 +12,13 @@ char PieceToLetter(PieceCode code);
 // English K Q R B N P or Polish K H W G S P in either case to a type (1..16);
 // other letters throw "Unknown figure letter: " followed by the letter.
 PieceCode TypeFromMoveLetter(char letter);
+// The same conversion for readers that refuse silently: 0 for any other letter.
+PieceCode FindTypeOfMoveLetter(char letter);
 // Capital English letter of a type as moves print it ('E' when unknown).
 char TypeToLetter(PieceCode type);
 
 // Palette of the board editor: king, queen, rook, bishop, knight, pawn, pawn.
+// An empty square gives -1; the column gives the colourless type.
 int PieceToColumn(PieceCode code);
 PieceCode ColumnToPiece(int column);
 
