@@ -24,6 +24,14 @@ std::string WriteShortFen(const TChessboard& board);
 // en passant '-' (or the square when the last move in the line was a capturable double step).
 std::string WriteFullFen(const TChessboard& board);
 
+// Castlings the program treats as available (only the four castling flags are set):
+// king and rook on their home squares and, inside a line, no move since the root
+// ended on either square.
+TFenExtras AvailableCastlings(const TChessboard& board);
+// Whether the castling and en passant fields read say something other than the
+// program assumes for the position as a problem's start (see kCastlingNoteText).
+bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras);
+
 // Throws ChessException when the side not to move is in check.
 void CheckStartPosition(const TChessboard& board);
 // More than 9 pawns plus queens of one colour.

@@ -8,6 +8,9 @@
 // The long algebraic notation: e2-e4, e4:d5, Ng1-f3, e7-e8Q, d7:c8Q, 0-0, 0-0-0, "-".
 namespace notation {
 
+// "e4" for square 28.
+std::string SquareToText(SquareIndex s);
+
 // movingType is the type of the piece on from before the move; bCapture says the
 // target was occupied (or the pawn took en passant).
 std::string MoveToText(TMove move, PieceCode movingType, bool bCapture);

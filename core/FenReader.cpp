@@ -1,0 +1,84 @@
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+#include "core/Fen.h"
+#include "core/PieceLetters.h"
+
+namespace fen {
+namespace {
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+// Ranks from 8 down to 1, files a to h; every rank must fill exactly eight files.
+bool ReadPlacement(PieceCode* squares, std::string_view placement) {
+  std::fill(squares, squares + 64, piece::kEmpty);
+  int rank = 7;
+  int file = 0;
+  for (const char c : placement) {
+    if (c == '/') {
+      if (file != 8 || rank == 0) return false;
+      --rank;
+      file = 0;
+    } else if (c >= '1' && c <= '8') {
+      file += c - '0';
+      if (file > 8) return false;
+    } else {
+      const PieceCode type = letters::FindTypeOfMoveLetter(c);
+      if (type == piece::kEmpty || file == 8) return false;
+      const PieceCode colour =
+          std::isupper(static_cast<unsigned char>(c)) ? piece::kWhite : piece::kBlack;
+      squares[square::Make(file, rank)] = colour | type;
+      ++file;
+    }
+  }
+  return rank == 0 && file == 8;
+}
+
+// The fields behind the placement only tell what the text claims; they never set up the board.
+TFenExtras ReadExtras(std::string_view rest) {
+  TFenExtras extras;
+  int field = 0;
+  size_t pos = 0;
+  while (pos < rest.size()) {
+    while (pos < rest.size() && IsBlank(rest[pos])) ++pos;
+    if (pos == rest.size()) break;
+    size_t end = pos;
+    while (end < rest.size() && !IsBlank(rest[end])) ++end;
+    const std::string_view text = rest.substr(pos, end - pos);
+    if (field == 0) extras.bBlackToMove = text == "b";
+    if (field == 2) extras.bEnPassantGiven = text != "-";
+    for (const char c : text) {
+      extras.bWhiteShort |= c == 'K';
+      extras.bWhiteLong |= c == 'Q';
+      extras.bBlackShort |= c == 'k';
+      extras.bBlackLong |= c == 'q';
+    }
+    ++field;
+    pos = end;
+  }
+  return extras;
+}
+
+}  // namespace
+
+bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
+  std::string_view rest(text);
+  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
+  const size_t blank = std::min(rest.find_first_of(" \t"), rest.size());
+  if (!ReadPlacement(board.squares, rest.substr(0, blank))) return false;
+  if (extras != nullptr) *extras = ReadExtras(rest.substr(blank));
+  Analyse(board, true);
+  return true;
+}
+
+bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras) {
+  const TFenExtras assumed = AvailableCastlings(board);
+  return extras.bEnPassantGiven || extras.bWhiteShort != assumed.bWhiteShort ||
+         extras.bWhiteLong != assumed.bWhiteLong || extras.bBlackShort != assumed.bBlackShort ||
+         extras.bBlackLong != assumed.bBlackLong;
+}
+
+}  // namespace fen
