@@ -1,7 +1,9 @@
 #pragma once
 #include "core/Chessboard.h"
 
-// Whole-board transformations offered by the editor. Each re-analyses with reset.
+// Whole-board transformations offered by the editor. Each re-analyses with reset and
+// changes the board only when the analysis accepts the result; otherwise the
+// analysis' ChessException passes through (a turned board may put pawns on rank 1 or 8).
 namespace transforms {
 
 // Swaps files a<->h ... and returns whether castling was irrelevant before
