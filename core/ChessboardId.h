@@ -11,6 +11,9 @@ class TChessboardId {
   TChessboardId() = default;
   // Throws "Exception in TChessboardId" beyond 40 bytes, "Unknown figure code" for a non-piece.
   explicit TChessboardId(const TChessboard& board);
+  // An identifier kept as its bit count and bytes (in files); throws "Wrong chessboard id"
+  // for a bit count outside 0..320.
+  static TChessboardId FromBits(std::int16_t nBits, const std::uint8_t* bytes);
   // Throws "Wrong chessboard id" or "Unknown figure short code".
   void DecodeTo(PieceCode* squares) const;
 
