@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "LinePosition.h"
+#include "core/MoveGeneration.h"
+#include "core/MoveMaking.h"
+
+namespace {
+
+bool HasMove(const TChessboard& board, const std::string& move) {
+  const auto moves = MoveTexts(board, true);
+  return std::find(moves.begin(), moves.end(), move) != moves.end();
+}
+
+struct TRuleCase {
+  const char* name;
+  const char* fen;
+  std::vector<std::string> line;  // moves made first, from the FEN's side to move
+  const char* move;               // the move in question, for the side to move then
+  bool bExpected;
+};
+
+class MoveRules : public testing::TestWithParam<TRuleCase> {};
+
+TEST_P(MoveRules, MoveIsGeneratedOnlyWhenTheRulesAllowIt) {
+  const TRuleCase& c = GetParam();
+  CLinePosition position(c.fen);
+  const TChessboard& board = position.Play(c.line);
+  EXPECT_EQ(HasMove(board, c.move), c.bExpected) << c.name;
+}
+
+const TRuleCase kRuleCases[] = {
+    {"short castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"long castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
+    {"castling fields ignored", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"through check", "3k1r2/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
+    {"into check", "3k2r1/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
+    {"b1 attacked allows long", "1r1k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
+    {"d1 attacked forbids long", "3r2k1/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", false},
+    {"in check", "1k2r3/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
+    {"blocked", "3k4/8/8/8/8/8/8/R3KB1R w - - 0 1", {}, "e1g1", false},
+    {"black short castling", "r3k2r/8/8/8/8/8/8/K7 b - - 0 1", {}, "e8g8", true},
+    {"king walked away and back", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"e1f1", "d8c8", "f1e1", "c8d8"}, "e1g1", false},
+    {"rook walked away and back", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"h1h2", "d8c8", "h2h1", "c8d8"}, "e1g1", false},
+    {"other rook still may castle", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"h1h2", "d8c8", "h2h1", "c8d8"}, "e1c1", true},
+    {"rook captured on its corner", "3k4/8/8/8/8/7R/6b1/R3K2R b - - 0 1",
+     {"g2h1", "h3h2", "h1c6", "h2h1", "d8c8"}, "e1g1", false},
+    {"en passant never on first move", "k7/8/8/3pP3/8/8/8/K7 w - d6 0 1", {}, "e5d6", false},
+    {"en passant after double step", "k7/3p4/8/4P3/8/8/8/K7 b - - 0 1", {"d7d5"}, "e5d6", true},
+    {"en passant only at once", "k7/3p4/8/4P3/8/8/8/K7 b - - 0 1",
+     {"d7d5", "a1a2", "a8b8"}, "e5d6", false},
+    {"no en passant after single steps", "k7/8/3p4/4P3/8/8/8/K7 b - - 0 1", {"d6d5"}, "e5d6", false},
+    {"en passant uncovering rank check", "8/3p4/8/K3P2r/8/8/8/7k b - - 0 1", {"d7d5"}, "e5d6", false},
+    {"black en passant", "k7/8/8/8/4p3/8/3P4/K7 w - - 0 1", {"d2d4"}, "e4d3", true},
+    {"pinned knight", "k3r3/8/8/8/8/8/4N3/4K3 w - - 0 1", {}, "e2c3", false},
+    {"pinned rook along the pin", "k3r3/8/8/8/8/8/4R3/4K3 w - - 0 1", {}, "e2e8", true},
+    {"king cannot approach king", "8/8/8/3k4/8/3K4/8/8 w - - 0 1", {}, "d3d4", false},
+    {"king cannot take defended", "8/8/8/3k4/3p4/3K4/8/8 w - - 0 1", {}, "d3d4", false},
+    {"double check: no capture", "4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1", {}, "a1e1", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rules, MoveRules, testing::ValuesIn(kRuleCases));
+
+TEST(MoveOrder, FollowsTheFixedGenerationOrders) {
+  const struct {
+    const char* fen;
+    std::vector<std::string> expected;
+  } cases[] = {
+      // The king on a1 comes first (square order); its steps go up first. Rook rays: up, down, right, left.
+      {"k7/8/8/8/8/8/1p6/KR6 w - - 0 1", {"a1a2", "a1b2", "b1b2", "b1c1", "b1d1", "b1e1", "b1f1", "b1g1", "b1h1"}},
+      // Knight: file -1 (rank -2, +2), file -2, file +1, file +2.
+      {"k7/8/8/8/8/8/8/K5N1 w - - 0 1", {"a1a2", "a1b2", "a1b1", "g1f3", "g1e2", "g1h3"}},
+      // Promotions Q R B N: the step first, then the capture towards the higher file.
+      {"1n5k/P7/8/8/8/8/8/K7 w - - 0 1",
+       {"a1a2", "a1b2", "a1b1", "a7a8q", "a7a8r", "a7a8b", "a7a8n", "a7b8q", "a7b8r", "a7b8b",
+        "a7b8n"}},
+  };
+  for (const auto& c : cases) {
+    CLinePosition position(c.fen);
+    auto moves = MoveTexts(position.Root(), false);
+    EXPECT_EQ(moves, c.expected) << c.fen;
+  }
+}
+
+TEST(MoveOrder, BlackKingStepsBelowThenAboveThenBeside) {
+  CLinePosition position("8/8/8/4k3/8/8/8/K7 b - - 0 1");
+  EXPECT_EQ(MoveTexts(position.Root(), false),
+            (std::vector<std::string>{"e5e4", "e5d4", "e5f4", "e5e6", "e5d6", "e5f6", "e5d5", "e5f5"}));
+}
+
+TEST(Evasions, DoubleCheckLeavesOnlyKingMoves) {
+  CLinePosition position("4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1");
+  ASSERT_EQ(position.Root().blackKingCheck, kDoubleCheck);
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GenerateEvasions(position.Root(), moves);
+  for (int i = 0; i < n; ++i) EXPECT_EQ(moves[i].from, Sq("e8"));
+}
+
+TEST(MoveMaking, KeepsDerivedFieldsLikeAFreshAnalysis) {
+  // Castling, en passant, promotion with capture, discovered and double checks.
+  CLinePosition position("r3k2r/3p4/8/4P3/8/8/1p4B1/R3K2R w - - 0 1");
+  const TChessboard& after = position.Play({"e1g1", "d7d5", "e5d6", "b2a1q", "g2f3", "e8c8"});
+  TChessboard fresh = after;
+  Analyse(fresh, false);
+  EXPECT_EQ(0, std::memcmp(after.nPieces, fresh.nPieces, sizeof fresh.nPieces));
+  EXPECT_EQ(after.whiteKingCheck, fresh.whiteKingCheck);
+  EXPECT_EQ(after.blackKingCheck, fresh.blackKingCheck);
+  EXPECT_EQ(after.bSimpleWhiteMaterial, fresh.bSimpleWhiteMaterial);
+  EXPECT_EQ(after.WhiteKing(), Sq("g1"));
+  EXPECT_EQ(after.BlackKing(), Sq("c8"));
+  EXPECT_EQ(after.squares[Sq("d8")], piece::kBlackRook);
+  EXPECT_EQ(after.squares[Sq("d5")], piece::kEmpty);
+}
+
+TEST(MoveMaking, NoMoveAtPlyZero) {
+  CLinePosition position("k7/8/8/8/8/8/8/K6R w - - 0 1", 0);
+  TChessboard board = position.Root();
+  board.ply = 0;
+  EXPECT_FALSE(movemaking::IsMoveValid(board, M("h1h2").Code()));
+}
+
+}  // namespace
