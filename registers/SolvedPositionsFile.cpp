@@ -1,0 +1,68 @@
+// Solved-positions files of the register: headerless sequences of 76-byte records, each
+// a 64-byte key followed by the 12-byte information record, in the machine's byte order.
+#include <bit>
+#include <cstring>
+#include <fstream>
+
+#include "registers/ChessboardRegister.h"
+
+namespace {
+constexpr std::size_t kKeySize = sizeof(TChessboardRegisterItem);
+constexpr std::size_t kRecordSize = kKeySize + sizeof(TRegisterInfo);
+static_assert(kRecordSize == 76);
+static_assert(std::endian::native == std::endian::little, "records are stored little-endian");
+}  // namespace
+
+bool TChessboardRegister<bool>::BindToProblem(const TChessboardRegisterItem& problemKey,
+                                              const std::filesystem::path& solvedPositionsFile) {
+  if (boundProblem && *boundProblem == problemKey) return false;
+  Clear();
+  boundProblem = problemKey;
+  LoadSolvedPositions(solvedPositionsFile);
+  return true;
+}
+
+std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) return 0;
+  // A file holds what an earlier solve proved; pruning it entry by entry would only cost time.
+  bCoherencyPruning.store(false, std::memory_order_relaxed);
+  std::uint64_t nRead = 0;
+  try {
+    char record[kRecordSize];
+    while (in.read(record, kRecordSize)) {
+      TChessboardRegisterItem key;
+      TRegisterInfo info;
+      std::memcpy(key.bytes, record, kKeySize);
+      std::memcpy(&info, record + kKeySize, sizeof info);
+      const std::uint32_t answer = info.answer & 0xFF;
+      if ((info.nMoves & 1) != 0) {
+        Insert(info.nMoves, key, answer, &info.heuristics, false);
+      } else {
+        InsertDefence(info.nMoves, key, answer, &info.heuristics, false);
+      }
+      ++nRead;
+    }
+  } catch (...) {
+    bCoherencyPruning.store(true, std::memory_order_relaxed);
+    throw;
+  }
+  bCoherencyPruning.store(true, std::memory_order_relaxed);
+  return nRead;
+}
+
+std::uint64_t TChessboardRegister<bool>::SaveSolvedPositions(
+    const std::filesystem::path& file) const {
+  std::ofstream out;
+  out.exceptions(std::ios::failbit | std::ios::badbit);
+  out.open(file, std::ios::binary | std::ios::trunc);
+  std::uint64_t nWritten = 0;
+  store.ForEach([&](const TChessboardRegisterItem& key, const TRegisterInfo& info) {
+    char record[kRecordSize];
+    std::memcpy(record, key.bytes, kKeySize);
+    std::memcpy(record + kKeySize, &info, sizeof info);
+    out.write(record, kRecordSize);
+    ++nWritten;
+  });
+  return nWritten;
+}
