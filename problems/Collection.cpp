@@ -1,0 +1,107 @@
+#include "problems/Collection.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "problems/DefaultClauses.h"
+#include "problems/Lexer.h"
+#include "problems/ProblemReader.h"
+#include "problems/ProblemWriter.h"
+#include "problems/SafeFile.h"
+#include "problems/TextTools.h"
+
+const char* const TProblemCollection::kNewFileTemplate =
+    "UTF-8\n"
+    "1 #2\n"
+    "{\n"
+    "\tDesc: Click here to change problem description\n"
+    "\tWhite: Ke1\n"
+    "\tBlack: Ke8\n"
+    "}\n";
+
+namespace {
+
+// Where the problems begin: behind a byte-order mark, blanks and the word "UTF-8".
+std::size_t SkipFileHeader(std::string_view text) {
+  std::size_t pos = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+  while (pos < text.size() && text::BlankLength(text, pos) != 0)
+    pos += text::BlankLength(text, pos);
+  if (text.substr(pos).starts_with("UTF-8")) pos += 5;
+  return pos;
+}
+
+void Log(const TLogSink& log, const std::string& line) {
+  if (log) log(line);
+}
+
+}  // namespace
+
+std::optional<TFileError> TProblemCollection::ReadFile(const std::string& path,
+                                                       const TReadOptions& options) {
+  std::error_code error;
+  if (options.bCreateIfMissing && !std::filesystem::exists(path, error)) {
+    if (auto failure = WriteNewFile(path)) return TFileError{path, 0, 0, *failure};
+  }
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return TFileError{path, 0, 0, "Error opening file: " + path};
+  std::ostringstream content;
+  content << file.rdbuf();
+  return ReadText(content.str(), path, options.log);
+}
+
+std::optional<TFileError> TProblemCollection::ReadText(std::string_view text,
+                                                       const std::string& fileName,
+                                                       const TLogSink& log) {
+  std::size_t pos = SkipFileHeader(text);
+  TDefaultClauses defaults;
+  try {
+    while (defaults.ReadClause(text, pos)) {
+    }
+  } catch (const ProblemSyntaxError& e) {
+    return TFileError::At(fileName, text, e.Offset(), e.what());
+  }
+  CLexer lexer(text, pos);
+  try {
+    while (!lexer.AtEnd()) {
+      std::unique_ptr<TProblem> problem = CProblemReader(lexer, defaults).Read();
+      const int id = problem->id;
+      if (Put(std::move(problem))) {
+        Log(log, "WARINING: Problem id=" + std::to_string(id) + " redefinition - overwriting.\n");
+      }
+      Log(log, "Problem " + std::to_string(id) + " read from file.\n");
+    }
+  } catch (const ProblemSyntaxError& e) {
+    return TFileError::At(fileName, text, e.Offset(), e.what());
+  } catch (const std::exception& e) {
+    // A failure of the chess core that the grammar did not foresee still names its place.
+    return TFileError::At(fileName, text, lexer.Offset(), e.what());
+  }
+  return std::nullopt;
+}
+
+std::string TProblemCollection::WriteText() const {
+  std::string out = problemwriter::kFileHeader;
+  for (const auto& [id, problem] : problems) problemwriter::AppendProblem(out, *problem);
+  return out;
+}
+
+std::optional<std::string> TProblemCollection::WriteFile(const std::string& path) const {
+  return safefile::Save(path, WriteText());
+}
+
+std::optional<std::string> TProblemCollection::WriteNewFile(const std::string& path) {
+  return safefile::Save(path, kNewFileTemplate);
+}
+
+bool TProblemCollection::Put(std::unique_ptr<TProblem> problem) {
+  const int id = problem->id;
+  auto [slot, bInserted] = problems.try_emplace(id);
+  slot->second = std::move(problem);
+  return !bInserted;
+}
+
+const TProblem* TProblemCollection::Find(int id) const {
+  const auto found = problems.find(id);
+  return found == problems.end() ? nullptr : found->second.get();
+}

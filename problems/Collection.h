@@ -1,0 +1,58 @@
+#pragma once
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "problems/Problem.h"
+#include "problems/ProblemFileError.h"
+
+// Where the reading of a file reports each problem read and each redefined id.
+using TLogSink = std::function<void(const std::string&)>;
+
+// The problems of one file by id. Iteration, and so writing, is in ascending id order
+// whatever the order of the file read.
+class TProblemCollection {
+ public:
+  using TMap = std::map<int, std::unique_ptr<TProblem>>;
+
+  static constexpr const char* kUserFileName = "myChessProblems.cp";
+  static constexpr const char* kSampleFileName = "sample_problems.cp";
+  // The one problem of a new file: a mate in 2 with the two kings only.
+  static const char* const kNewFileTemplate;
+
+  struct TReadOptions {
+    bool bCreateIfMissing = false;  // write the new-file template where no file exists
+    TLogSink log;
+  };
+
+  // Reads every problem of the file into the collection, replacing problems of the same
+  // id. A bad problem stops the reading: the problems read before it stay, and the error
+  // is returned with its line and column.
+  std::optional<TFileError> ReadFile(const std::string& path, const TReadOptions& options);
+  // The same for a text already in memory; fileName names it in errors.
+  std::optional<TFileError> ReadText(std::string_view text, const std::string& fileName,
+                                     const TLogSink& log = nullptr);
+  // The canonical text of the whole collection.
+  std::string WriteText() const;
+  // Saves the canonical text safely; returns the error text on failure.
+  std::optional<std::string> WriteFile(const std::string& path) const;
+  // Writes the new-file template to path (safely); returns the error text on failure.
+  static std::optional<std::string> WriteNewFile(const std::string& path);
+
+  // Adds the problem; returns whether it replaced one with the same id.
+  bool Put(std::unique_ptr<TProblem> problem);
+  const TProblem* Find(int id) const;
+  TProblem* Find(int id) { return const_cast<TProblem*>(std::as_const(*this).Find(id)); }
+  bool Remove(int id) { return problems.erase(id) > 0; }
+  const TMap& Problems() const { return problems; }
+  std::size_t Size() const { return problems.size(); }
+  bool Empty() const { return problems.empty(); }
+  void Clear() { problems.clear(); }
+
+ private:
+  TMap problems;
+};

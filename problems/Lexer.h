@@ -1,0 +1,66 @@
+#pragma once
+#include <cstddef>
+#include <string_view>
+
+// Kinds of tokens of a problem file.
+enum class TTokenKind {
+  kEnd,              // no text left
+  kWord,             // letters, digits, '^' and '_'
+  kSymbol,           // any other single character
+  kTagsHeader,       // "//#TAGS"
+  kTag,              // "//#" and a tag
+  kVariantsHeader,   // "//!VARIANTS"
+  kVariant,          // "//!" and a variant
+  kVariantsEnd,      // "//!ENDVARIANTS"
+  kSortIndications,  // "//@SortIndications: " and the list
+};
+
+struct TToken {
+  TTokenKind kind = TTokenKind::kEnd;
+  std::string_view text;  // the word or symbol; a directive's text behind its marker
+  std::string_view raw;   // the token as it stands in the file
+  std::size_t offset = 0;
+
+  bool IsSymbol(char c) const { return kind == TTokenKind::kSymbol && text.front() == c; }
+  bool IsDirective() const { return kind > TTokenKind::kSymbol; }
+  std::size_t End() const { return offset + raw.size(); }
+};
+
+// Splits the text of a problem file into tokens. Blanks separate tokens; comments are
+// skipped, except the directive comments ("//#", "//!", "//@SortIndications:"), which
+// are tokens while directives are wanted and skipped otherwise. Lexical errors throw
+// ProblemSyntaxError at the offending offset.
+class CLexer {
+ public:
+  explicit CLexer(std::string_view source, std::size_t offset = 0) : source(source), pos(offset) {}
+
+  TToken Next();
+  TToken Peek();
+  // Next, but "Unexpected end of file." where no token is left.
+  TToken NextRequired();
+  // Next, but "Alphanumeric identifier expected. Found: " for anything but a word.
+  TToken NextWord();
+  // Consumes the next token when it is the symbol c.
+  bool Accept(char c);
+  // Raw text from here to the end of the line, or to stopAt when it comes first on the line.
+  std::string_view RestOfLine(char stopAt = '\n');
+  // Whether only blanks and comments are left.
+  bool AtEnd();
+  void SetDirectivesWanted(bool bWanted);
+  std::string_view Source() const { return source; }
+  std::size_t Offset() const { return pos; }
+
+ private:
+  TToken Scan();
+  // Skips blanks and plain comments; stops at a token or a wanted directive.
+  void SkipBlanksAndComments();
+  bool DirectiveAhead() const;
+  TToken ScanDirective();
+  void SkipLine();
+
+  std::string_view source;
+  std::size_t pos;
+  TToken peeked;
+  bool bPeeked = false;
+  bool bDirectivesWanted = false;
+};

@@ -1,0 +1,11 @@
+#pragma once
+#include "problems/Lexer.h"
+#include "problems/Problem.h"
+
+namespace optionreader {
+
+// Reads the options and directive comments of a problem header up to and including
+// the opening brace of its body. Throws ProblemSyntaxError.
+void ReadUpToBody(CLexer& lexer, TProblem& problem);
+
+}  // namespace optionreader

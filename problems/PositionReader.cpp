@@ -1,0 +1,102 @@
+#include "problems/PositionReader.h"
+
+#include <string>
+
+#include "core/Fen.h"
+#include "core/PieceLetters.h"
+#include "problems/ProblemFileError.h"
+#include "problems/TextTools.h"
+
+namespace positionreader {
+namespace {
+
+bool IsOneOf(const TToken& token, std::initializer_list<std::string_view> names) {
+  if (token.kind != TTokenKind::kWord) return false;
+  for (std::string_view name : names) {
+    if (text::EqualsNoCase(token.text, name)) return true;
+  }
+  return false;
+}
+
+void ExpectColon(CLexer& lexer, const char* error) {
+  const TToken token = lexer.NextRequired();
+  if (!token.IsSymbol(':')) FailAt(token.offset, error);
+}
+
+[[noreturn]] void FailInvalidBoard(std::size_t offset, const std::exception& e) {
+  FailAt(offset, std::string("Invalid chessboard definition: ") + e.what());
+}
+
+void ReadFen(CLexer& lexer, TChessboard& board) {
+  ExpectColon(lexer, "Colon ':' expected after FEN identifier.");
+  const std::size_t offset = lexer.Offset();
+  const std::string fenText(text::Trim(lexer.RestOfLine('}')));
+  bool bRead = false;
+  try {
+    bRead = fen::ReadFen(board, fenText);
+  } catch (const ChessException& e) {
+    FailInvalidBoard(offset, e);
+  }
+  if (!bRead) FailAt(offset, "Improper FEN code");
+}
+
+// "Ke1, Qd1, e2": the pieces of one side, colour from the side, letters in either case.
+void ReadPieces(CLexer& lexer, TChessboard& board, bool bWhite) {
+  const std::string side = bWhite ? "White" : "Black";
+  const PieceCode colour = bWhite ? piece::kWhite : piece::kBlack;
+  do {
+    const TToken token = lexer.NextWord();
+    const std::string_view spec = token.text;
+    if (spec.size() != 2 && spec.size() != 3) {
+      FailAt(token.offset, side + " figure specification is invalid: " + std::string(spec));
+    }
+    const PieceCode type = spec.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(spec[0]);
+    if (type == piece::kEmpty) {
+      FailAt(token.offset, side + " figure specification is invalid: " + std::string(spec));
+    }
+    const std::string_view squareText = spec.substr(spec.size() - 2);
+    const SquareIndex s = text::ReadSquare(squareText[0], squareText[1]);
+    if (s == square::kNone) {
+      FailAt(token.offset, side + " figure position is invalid: " + std::string(spec));
+    }
+    if (board.squares[s] != piece::kEmpty) {
+      FailAt(token.offset, "Field " + text::SquareText(s) + " already occupied.");
+    }
+    board.squares[s] = colour | type;
+  } while (lexer.Accept(','));
+}
+
+void ReadPieceLists(CLexer& lexer, TChessboard& board) {
+  ExpectColon(lexer, "Colon ':' expected after white figures identifier.");
+  ReadPieces(lexer, board, true);
+  const TToken black = lexer.NextRequired();
+  if (!IsOneOf(black, {"B", "BL", "BLACK"})) {
+    FailAt(black.offset, "Black figures identifier expected (B, BL or BLACK).");
+  }
+  ExpectColon(lexer, "Colon expected after black figures identifier.");
+  ReadPieces(lexer, board, false);
+  try {
+    Analyse(board, true);
+  } catch (const ChessException& e) {
+    FailInvalidBoard(black.offset, e);
+  }
+}
+
+}  // namespace
+
+void Read(CLexer& lexer, TProblem& problem) {
+  TChessboard board;
+  ClearChessboard(board);
+  const TToken token = lexer.NextRequired();
+  if (IsOneOf(token, {"FEN"})) {
+    ReadFen(lexer, board);
+  } else if (IsOneOf(token, {"W", "WH", "WHITE"})) {
+    ReadPieceLists(lexer, board);
+  } else {
+    FailAt(token.offset, "White figures identifier expected (W, WH or WHITE).");
+  }
+  problem.start = board;
+  problem.ResetLine();
+}
+
+}  // namespace positionreader

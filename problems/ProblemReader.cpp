@@ -1,0 +1,130 @@
+#include "problems/ProblemReader.h"
+
+#include <string>
+
+#include "core/Notation.h"
+#include "problems/AnswerReader.h"
+#include "problems/OptionReader.h"
+#include "problems/PositionReader.h"
+#include "problems/ProblemFileError.h"
+#include "problems/TextTools.h"
+
+namespace {
+
+// Longer mates do not fit the ply values below the "no stipulation" mark.
+constexpr int kMaxStipulationMoves = 126;
+
+bool IsWord(const TToken& token, std::string_view name) {
+  return token.kind == TTokenKind::kWord && text::EqualsNoCase(token.text, name);
+}
+
+int ReadNumber(const TToken& token, int min, int max) {
+  int value = 0;
+  if (!text::ReadNumber(token.text, value)) {
+    FailAt(token.offset, "Number expected. Found: " + std::string(token.raw));
+  }
+  if (value < min || value > max) {
+    FailAt(token.offset, "Number out of range: " + std::string(token.raw));
+  }
+  return value;
+}
+
+// The move text of a numbered sequence that comes after the first nMade moves, if any:
+// the move-sequence reader stops silently at a refused move, and a line cut short would
+// be lost when the file is written again.
+std::string MoveAfter(std::string_view line, int nMade, bool bWhiteToMove) {
+  int number = 1;
+  std::size_t i = 0;
+  for (int nSeen = 0;; ++nSeen) {
+    while (i < line.size() && text::BlankLength(line, i) != 0) i += text::BlankLength(line, i);
+    const std::string numberText = std::to_string(number) + ".";
+    if (line.substr(i).starts_with(numberText)) {
+      i += numberText.size();
+      while (i < line.size() && text::BlankLength(line, i) != 0) i += text::BlankLength(line, i);
+    }
+    if (i >= line.size()) return "";
+    std::size_t end = i;
+    while (end < line.size() && text::BlankLength(line, end) == 0) ++end;
+    if (nSeen == nMade) return std::string(line.substr(i, end - i));
+    i = end;
+    bWhiteToMove = !bWhiteToMove;
+    if (bWhiteToMove) ++number;
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<TProblem> CProblemReader::Read() {
+  auto problem = std::make_unique<TProblem>();
+  lexer.SetDirectivesWanted(false);
+  ReadHeader(*problem);
+  optionreader::ReadUpToBody(lexer, *problem);
+  lexer.SetDirectivesWanted(false);
+  ReadBody(*problem);
+  return problem;
+}
+
+void CProblemReader::ReadHeader(TProblem& problem) {
+  const TToken id = lexer.NextWord();
+  problem.id = ReadNumber(id, 0, 0x7FFFFFFF);
+  // Directives belong to the header from here on up to the body.
+  lexer.SetDirectivesWanted(true);
+  TStipulation stipulation = TStipulation::MoveLine();
+  const TToken next = lexer.Peek();
+  if (next.IsSymbol('#')) {
+    lexer.Next();
+    stipulation = TStipulation::DirectMate(ReadNumber(lexer.NextWord(), 1, kMaxStipulationMoves));
+  } else if (IsWord(next, "s")) {
+    lexer.Next();
+    const TToken hash = lexer.NextRequired();
+    if (!hash.IsSymbol('#')) {
+      FailAt(next.offset, "Opening bracket expected { or unrecognized option encountered: " +
+                              std::string(next.text));
+    }
+    stipulation = TStipulation::Selfmate(ReadNumber(lexer.NextWord(), 1, kMaxStipulationMoves));
+  }
+  problem.SetStipulation(stipulation);
+  try {
+    defaults.ApplyTo(problem);
+  } catch (const ChessException& e) {
+    FailAt(id.offset, e.what());
+  }
+}
+
+void CProblemReader::ReadBody(TProblem& problem) {
+  if (IsWord(lexer.Peek(), "DESC") || IsWord(lexer.Peek(), "DESCRIPTION")) {
+    lexer.Next();
+    const TToken colon = lexer.NextRequired();
+    if (!colon.IsSymbol(':')) {
+      FailAt(colon.offset, "Colon ':' expected after description identifier.");
+    }
+    problem.description = text::Trim(lexer.RestOfLine());
+  }
+  positionreader::Read(lexer, problem);
+  for (;;) {
+    const TToken token = lexer.NextRequired();
+    if (token.IsSymbol('}')) return;
+    if (IsWord(token, "MOVES")) {
+      ReadMoveLine(problem);
+    } else if (answerreader::IsSectionKeyword(token)) {
+      answerreader::ReadSection(lexer, problem, token);
+    } else {
+      FailAt(token.offset, "Closing bracket expected.");
+    }
+  }
+}
+
+void CProblemReader::ReadMoveLine(TProblem& problem) {
+  const TToken colon = lexer.NextRequired();
+  if (!colon.IsSymbol(':')) FailAt(colon.offset, "Colon expected after Moves section start.");
+  const std::size_t offset = lexer.Offset();
+  const std::string_view line = text::Trim(lexer.RestOfLine('}'));
+  try {
+    problem.current = notation::ReadMoveSequence(problem.start, std::string(line));
+  } catch (const ChessException& e) {
+    FailAt(offset, e.what());
+  }
+  const int nMade = problem.start.ply - problem.current->ply;
+  const std::string refused = MoveAfter(line, nMade, problem.start.IsWhiteToMove());
+  if (!refused.empty()) FailAt(offset, "Invalid move in MakeMove() : " + refused);
+}

@@ -1,0 +1,120 @@
+#include "problems/ProblemWriter.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/Fen.h"
+#include "core/Notation.h"
+#include "problems/SortIndication.h"
+
+namespace problemwriter {
+namespace {
+
+// Texts set through the program could hold line breaks that the reader would take apart.
+std::string OneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  std::replace(text.begin(), text.end(), '\r', ' ');
+  return text;
+}
+
+struct TWrittenOption {
+  std::uint16_t flag;
+  const char* text;
+};
+
+constexpr TWrittenOption kLeadingOptions[] = {
+    {option::kNoMirror, " NoMirror"},
+    {option::kMirrorOnly, " MirrorOnly"},
+    {option::kAllSolutions, " AllSolutions"},
+    {option::kStopOnDual, " StopOnDual"},
+    {option::kStopOn3Sol, " StopOn3Sol"},
+    {option::kUseMainVariantAsSortIndications, " UseMainVariantAsSortIndications"},
+    {option::kGuiCheck, " GUICHECK"},
+    {option::kGuiCheckBestDefence, " GUICHECKBESTDEFENCE"},
+};
+
+constexpr TWrittenOption kTrailingOptions[] = {
+    {option::kSafeMode, " SAFEMODE"},
+    {option::kRequiresSyzygy, " RequiresSyzygy"},
+    {option::kAllSolutionsRequiresSyzygy, " AllSolutionsRequiresSyzygy"},
+};
+
+void AppendHeader(std::string& out, const TProblem& p) {
+  out += std::to_string(p.id);
+  out += p.stipulation.type == TStipulation::kMoveLine ? " " : " " + p.stipulation.Text();
+  for (const TWrittenOption& entry : kLeadingOptions) {
+    if (!p.HasFlag(entry.flag)) continue;
+    out += entry.text;
+    const bool bLevel =
+        entry.flag == option::kGuiCheck || entry.flag == option::kGuiCheckBestDefence;
+    if (bLevel && p.guiCheckLevel > 1) out += " " + std::to_string(p.guiCheckLevel);
+  }
+  if (p.nThreads < TProblem::kThreadsNotGiven) out += " THREADS " + std::to_string(p.nThreads);
+  for (const TWrittenOption& entry : kTrailingOptions) {
+    if (p.HasFlag(entry.flag)) out += entry.text;
+  }
+  for (const std::string& resource : p.requiredResources) out += " Requires " + resource;
+  out += '\n';
+}
+
+void AppendDirectives(std::string& out, const TProblem& p) {
+  if (!p.tags.empty()) {
+    out += "//#TAGS\n";
+    for (const std::string& tag : p.tags) out += "//#" + OneLine(tag) + "\n";
+  }
+  if (!p.variants.empty()) {
+    out += "//!VARIANTS\n";
+    for (const std::string& variant : p.variants) out += "//!" + OneLine(variant) + "\n";
+    out += "//!ENDVARIANTS\n";
+  }
+  if (!p.sortIndications.empty()) {
+    out += "//@SortIndications: " + sortindication::RenderList(p.sortIndications) + "\n";
+  }
+}
+
+// "1. e2-e4 e7-e5 2. Ng1-f3": numbered as the move-sequence reader expects.
+std::string MoveLineText(const TProblem& p) {
+  std::vector<const TChessboard*> boards;
+  for (const TChessboard* b = p.current; b != &p.start; b = b->parent) boards.push_back(b);
+  std::reverse(boards.begin(), boards.end());
+  std::string text;
+  int number = 1;
+  const TChessboard* before = &p.start;
+  for (const TChessboard* after : boards) {
+    if (!text.empty()) text += ' ';
+    if (before == &p.start || before->IsWhiteToMove()) text += std::to_string(number) + ". ";
+    text += notation::MoveToText(*before, after->lastMove);
+    if (after->IsWhiteToMove()) ++number;
+    before = after;
+  }
+  return text;
+}
+
+void AppendBody(std::string& out, const TProblem& p) {
+  out += "{\n";
+  if (!p.description.empty()) out += "\tDescription: " + OneLine(p.description) + "\n";
+  out += "\tFEN: " + fen::WriteShortFen(p.start) + "\n";
+  if (p.HasFlag(option::kAnswerGiven)) {
+    out += "\tAnswer: ";
+    for (std::size_t i = 0; i < p.answer.size(); ++i) {
+      if (i > 0) out += ", ";
+      out += " " + notation::MoveToText(p.start, p.answer[i]);
+    }
+    out += '\n';
+  }
+  if (p.stipulation.type == TStipulation::kMoveLine && p.current != &p.start) {
+    out += "   Moves:    " + MoveLineText(p) + "\n";
+  }
+  out += "}\n";
+}
+
+}  // namespace
+
+void AppendProblem(std::string& out, const TProblem& problem) {
+  out += '\n';
+  AppendHeader(out, problem);
+  AppendDirectives(out, problem);
+  AppendBody(out, problem);
+}
+
+}  // namespace problemwriter
