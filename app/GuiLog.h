@@ -1,0 +1,14 @@
+#pragma once
+// The log of program starts and ends, "chessGUI.log" in the working folder.
+#include <ctime>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+inline constexpr const char* kGuiLogFileName = "chessGUI.log";
+
+// Local time as "%Y-%m-%d %H:%M:%S".
+std::string FormatLocalTime(std::time_t time);
+
+// Appends "<text> (<local time now>)" as one line; failures are ignored by callers.
+bool AppendTimedLogLine(const std::filesystem::path& logFile, std::string_view text);

@@ -1,0 +1,6 @@
+#include "app/ProgramState.h"
+
+ProgramState& GetProgramState() {
+  static ProgramState state;
+  return state;
+}
