@@ -71,7 +71,7 @@ TEST(Options, WithoutAFileEveryDefaultApplies) {
   EXPECT_EQ(EffectiveValues(DefaultOptions()), expected);
 }
 
-TEST(Options, KeysAreReadInTheirDocumentedOrder) {
+TEST(Options, KeysAreReadInTheirFileOrder) {
   std::vector<std::string> names;
   for (const TOptionKey& key : OptionKeys()) names.emplace_back(key.szName);
   EXPECT_EQ(names.front(), "LanguageId");
