@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "TestData.h"
+#include "core/BoardTransforms.h"
+#include "core/ChessException.h"
+#include "core/Fen.h"
+
+namespace {
+
+TChessboard Read(const std::string& text) {
+  TChessboard board;
+  ClearChessboard(board);
+  EXPECT_TRUE(fen::ReadFen(board, text)) << text;
+  board.ply = 1;
+  return board;
+}
+
+}  // namespace
+
+TEST(Transforms, TwiceGivesBackTheOriginal) {
+  const struct {
+    const char* name;
+    void (*apply)(TChessboard&);
+  } transforms[] = {
+      {"mirror", [](TChessboard& b) { transforms::MirrorFiles(b); }},
+      {"swap", transforms::SwapColours},
+      {"rotate180", transforms::Rotate180},
+  };
+  for (const std::string file : {"perft.tsv", "directmates.tsv"}) {
+    for (const auto& row : testdata::ReadTsv(file)) {
+      const TChessboard original = Read(row.at("fen"));
+      for (const auto& t : transforms) {
+        TChessboard board = original;
+        t.apply(board);
+        t.apply(board);
+        EXPECT_EQ(fen::WriteShortFen(board), fen::WriteShortFen(original)) << t.name;
+        EXPECT_EQ(board.blackKingCheck, original.blackKingCheck) << t.name;
+      }
+    }
+  }
+}
+
+TEST(Transforms, EachMovesPiecesWhereExpectedAndReanalyses) {
+  const struct {
+    void (*apply)(TChessboard&);
+    const char* before;
+    const char* after;
+  } cases[] = {
+      {transforms::SwapColours, "4k3/8/8/8/8/8/P7/4K3", "4k3/p7/8/8/8/8/8/4K3"},
+      {[](TChessboard& b) { transforms::MirrorFiles(b); }, "4k3/8/8/8/8/8/P7/4K3",
+       "3k4/8/8/8/8/8/7P/3K4"},
+      {transforms::Rotate90, "4k3/8/8/8/8/8/8/R3K3", "R7/8/8/8/K6k/8/8/8"},
+      {transforms::Rotate180, "4k3/8/8/8/8/8/P7/4K3", "3K4/7P/8/8/8/8/8/3k4"},
+  };
+  for (const auto& c : cases) {
+    TChessboard board = Read(c.before);
+    c.apply(board);
+    EXPECT_EQ(fen::WriteShortFen(board), c.after);
+    const TChessboard expected = Read(c.after);
+    EXPECT_EQ(board.WhiteKing(), expected.WhiteKing());
+    EXPECT_EQ(board.BlackKing(), expected.BlackKing());
+    EXPECT_EQ(std::memcmp(board.nPieces, expected.nPieces, sizeof board.nPieces), 0);
+  }
+}
+
+TEST(Transforms, QuarterTurnsComeRoundAndRefusePawnsOnTheEdgeRanks) {
+  const TChessboard original = Read("4k3/8/8/2B5/8/8/8/R3K1N1");
+  TChessboard board = original;
+  for (int turn = 0; turn < 4; ++turn) transforms::Rotate90(board);
+  EXPECT_EQ(fen::WriteShortFen(board), fen::WriteShortFen(original));
+
+  TChessboard withPawn = Read("4k3/8/8/8/8/8/P7/4K3");
+  EXPECT_THAT([&] { transforms::Rotate90(withPawn); },
+              testing::ThrowsMessage<ChessException>(
+                  testing::StrEq("Pawns cannot occupy 1st nor 8th line of the chessboard.")));
+  EXPECT_EQ(fen::WriteShortFen(withPawn), "4k3/8/8/8/8/8/P7/4K3");
+}
+
+TEST(Transforms, MirrorTellsWhetherCastlingWasIrrelevant) {
+  const struct {
+    const char* fen;
+    bool bIrrelevant;
+  } cases[] = {
+      {"r3k2r/8/8/8/8/8/8/R3K2R", false}, {"4k3/8/8/8/8/8/8/4K3", true},
+      {"3k4/8/8/8/8/8/8/R2K4", false},    {"4k3/8/8/8/8/8/8/4K1R1", true},
+      {"r3k3/8/8/8/8/8/8/4K3", false},    {"4k3/8/8/8/8/8/8/3K3R", false},
+      {"4k3/8/8/8/8/8/8/r3K3", true},
+  };
+  for (const auto& c : cases) {
+    TChessboard board = Read(c.fen);
+    EXPECT_EQ(transforms::MirrorFiles(board), c.bIrrelevant) << c.fen;
+  }
+}
+
+TEST(Transforms, MirrorSquareKeepsTheAbsentSquare) {
+  EXPECT_EQ(transforms::MirrorSquare(0), 7);
+  EXPECT_EQ(transforms::MirrorSquare(28), 27);
+  EXPECT_EQ(transforms::MirrorSquare(square::kNone), square::kNone);
+  for (int s = 0; s < 64; ++s) {
+    EXPECT_EQ(transforms::MirrorSquare(transforms::MirrorSquare(static_cast<SquareIndex>(s))), s);
+  }
+}
