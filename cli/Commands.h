@@ -8,6 +8,7 @@ struct CommandExit {
 };
 
 void AddPerftCommand(CLI::App& app);
+void AddFenCommand(CLI::App& app);
 void AddConfigCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 // Subcommands of "bench".

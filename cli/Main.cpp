@@ -6,6 +6,7 @@ int main(int argc, char** argv) {
   CLI::App app{"Longmate: a solver and manager for chess problems (direct mates)"};
   app.require_subcommand(1);
   AddPerftCommand(app);
+  AddFenCommand(app);
   AddConfigCommand(app);
   AddBenchCommand(app);
   try {
