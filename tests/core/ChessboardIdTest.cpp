@@ -5,28 +5,16 @@
 #include <functional>
 #include <string>
 
+#include "FenBoard.h"
 #include "TestData.h"
 #include "core/ChessException.h"
 #include "core/ChessboardId.h"
-#include "core/Fen.h"
 
 using testing::StrEq;
 using testing::ThrowsMessage;
 
-namespace {
-
-TChessboard Read(const std::string& text) {
-  TChessboard board;
-  ClearChessboard(board);
-  EXPECT_TRUE(fen::ReadFen(board, text)) << text;
-  board.ply = 1;
-  return board;
-}
-
-}  // namespace
-
 TEST(ChessboardId, TwoKingsTakeSeventyTwoBitsInAKnownText) {
-  const TChessboardId id(Read("4k3/8/8/8/8/8/8/4K3"));
+  const TChessboardId id(ReadBoard("4k3/8/8/8/8/8/8/4K3"));
   EXPECT_EQ(id.BitCount(), 72);
   EXPECT_EQ(id.ToAlphanum6(), "g000000000M0");
   EXPECT_EQ(id.ToAlphanum5(), "g00000000000g10");
@@ -38,7 +26,7 @@ TEST(ChessboardId, TwoKingsTakeSeventyTwoBitsInAKnownText) {
 TEST(ChessboardId, ReferencePositionsDecodeToTheirSquares) {
   for (const std::string file : {"perft.tsv", "directmates.tsv"}) {
     for (const auto& row : testdata::ReadTsv(file)) {
-      const TChessboard board = Read(row.at("fen"));
+      const TChessboard board = ReadBoard(row.at("fen"));
       const TChessboardId id(board);
       int nPieces = 0;
       for (PieceCode code : board.squares) nPieces += code != piece::kEmpty;
@@ -55,7 +43,7 @@ TEST(ChessboardId, ReferencePositionsDecodeToTheirSquares) {
 }
 
 TEST(ChessboardId, DescribesThePlacementAlone) {
-  TChessboard board = Read("r3k2r/8/8/8/8/8/8/R3K2R");
+  TChessboard board = ReadBoard("r3k2r/8/8/8/8/8/8/R3K2R");
   TChessboard other = board;
   other.ply = 6;
   other.parent = &board;
@@ -63,7 +51,7 @@ TEST(ChessboardId, DescribesThePlacementAlone) {
 }
 
 TEST(ChessboardId, AFullBoardFillsAllFortyBytes) {
-  TChessboard board = Read("4k3/8/8/8/8/8/8/4K3");
+  TChessboard board = ReadBoard("4k3/8/8/8/8/8/8/4K3");
   std::memset(board.squares, piece::kBlackKnight, 64);
   const TChessboardId id(board);
   EXPECT_EQ(id.BitCount(), 320);
@@ -76,7 +64,7 @@ TEST(ChessboardId, FailuresCarryTheirTexts) {
   const std::uint8_t kings[] = {0x10, 0, 0, 0, 0, 0, 0, 0, 0x03};  // e1 and e8, 72 bits
   const std::uint8_t badShortCode[] = {1 | (12 << 1)};             // a1 with short code 12
   const TChessboard unknown = [] {
-    TChessboard board = Read("4k3/8/8/8/8/8/8/4K3");
+    TChessboard board = ReadBoard("4k3/8/8/8/8/8/8/4K3");
     board.squares[0] = 0x43;
     return board;
   }();

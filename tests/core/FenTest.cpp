@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "FenBoard.h"
 #include "LinePosition.h"
 #include "TestData.h"
 #include "core/ChessException.h"
@@ -13,14 +14,6 @@ using testing::StrEq;
 using testing::ThrowsMessage;
 
 namespace {
-
-TChessboard Read(const std::string& text, std::uint16_t ply = 1) {
-  TChessboard board;
-  ClearChessboard(board);
-  EXPECT_TRUE(fen::ReadFen(board, text)) << text;
-  board.ply = board.rootPlies = ply;
-  return board;
-}
 
 // The first count fields of a FEN.
 std::string Fields(const std::string& text, size_t count) {
@@ -63,12 +56,12 @@ TEST(Fen, AnalysisRejectionsPassThrough) {
 }
 
 TEST(Fen, PolishLettersReadLikeEnglishOnes) {
-  const TChessboard polish = Read("4k3/3whgs1/8/8/8/8/8/3HK1WS");
+  const TChessboard polish = ReadBoard("4k3/3whgs1/8/8/8/8/8/3HK1WS");
   EXPECT_EQ(fen::WriteShortFen(polish), "4k3/3rqbn1/8/8/8/8/8/3QK1RN");
 }
 
 TEST(Fen, ReadingFillsSquaresButKeepsPlyAndLinks) {
-  TChessboard board = Read("4k3/8/8/8/8/8/8/4K3", 7);
+  TChessboard board = ReadBoard("4k3/8/8/8/8/8/8/4K3", 7);
   board.parent = &board;
   ASSERT_TRUE(fen::ReadFen(board, "  3k4/8/8/8/8/8/8/3K4 b"));
   EXPECT_EQ(board.ply, 7);
@@ -116,7 +109,7 @@ TEST(Fen, ReferencePositionsRoundTrip) {
       board.ply = extras.bBlackToMove ? 2 : 1;
       const std::string written = fen::WriteFullFen(board);
       EXPECT_EQ(Fields(written, nCompared), Fields(text, nCompared));
-      EXPECT_EQ(fen::WriteShortFen(Read(written)), fen::WriteShortFen(board));
+      EXPECT_EQ(fen::WriteShortFen(ReadBoard(written)), fen::WriteShortFen(board));
     }
   }
 }
@@ -170,7 +163,7 @@ TEST(Fen, StartPositionMustNotLeaveTheSideNotToMoveInCheck) {
       {"4k3/8/8/8/8/8/4r3/4K3", 1, nullptr},
   };
   for (const auto& c : cases) {
-    const TChessboard board = Read(c.fen, c.ply);
+    const TChessboard board = ReadBoard(c.fen, c.ply);
     if (c.text == nullptr) {
       EXPECT_NO_THROW(fen::CheckStartPosition(board)) << c.fen;
     } else {
@@ -181,8 +174,8 @@ TEST(Fen, StartPositionMustNotLeaveTheSideNotToMoveInCheck) {
 }
 
 TEST(Fen, MaterialWarningBeyondNinePawnsAndQueens) {
-  EXPECT_TRUE(fen::NeedsMaterialWarning(Read("4k3/8/8/8/8/PPPPPPPP/8/QQ2K3")));
-  EXPECT_FALSE(fen::NeedsMaterialWarning(Read("4k3/8/8/8/8/PPPPPPPP/8/Q3K3")));
-  EXPECT_TRUE(fen::NeedsMaterialWarning(Read("qq2k3/8/pppppppp/8/8/8/8/4K3")));
-  EXPECT_FALSE(fen::NeedsMaterialWarning(Read("qq2k3/8/ppppppp1/8/8/8/8/4K3")));
+  EXPECT_TRUE(fen::NeedsMaterialWarning(ReadBoard("4k3/8/8/8/8/PPPPPPPP/8/QQ2K3")));
+  EXPECT_FALSE(fen::NeedsMaterialWarning(ReadBoard("4k3/8/8/8/8/PPPPPPPP/8/Q3K3")));
+  EXPECT_TRUE(fen::NeedsMaterialWarning(ReadBoard("qq2k3/8/pppppppp/8/8/8/8/4K3")));
+  EXPECT_FALSE(fen::NeedsMaterialWarning(ReadBoard("qq2k3/8/ppppppp1/8/8/8/8/4K3")));
 }

@@ -4,22 +4,11 @@
 #include <cstring>
 #include <string>
 
+#include "FenBoard.h"
 #include "TestData.h"
 #include "core/BoardTransforms.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
-
-namespace {
-
-TChessboard Read(const std::string& text) {
-  TChessboard board;
-  ClearChessboard(board);
-  EXPECT_TRUE(fen::ReadFen(board, text)) << text;
-  board.ply = 1;
-  return board;
-}
-
-}  // namespace
 
 TEST(Transforms, TwiceGivesBackTheOriginal) {
   const struct {
@@ -32,7 +21,7 @@ TEST(Transforms, TwiceGivesBackTheOriginal) {
   };
   for (const std::string file : {"perft.tsv", "directmates.tsv"}) {
     for (const auto& row : testdata::ReadTsv(file)) {
-      const TChessboard original = Read(row.at("fen"));
+      const TChessboard original = ReadBoard(row.at("fen"));
       for (const auto& t : transforms) {
         TChessboard board = original;
         t.apply(board);
@@ -57,10 +46,10 @@ TEST(Transforms, EachMovesPiecesWhereExpectedAndReanalyses) {
       {transforms::Rotate180, "4k3/8/8/8/8/8/P7/4K3", "3K4/7P/8/8/8/8/8/3k4"},
   };
   for (const auto& c : cases) {
-    TChessboard board = Read(c.before);
+    TChessboard board = ReadBoard(c.before);
     c.apply(board);
     EXPECT_EQ(fen::WriteShortFen(board), c.after);
-    const TChessboard expected = Read(c.after);
+    const TChessboard expected = ReadBoard(c.after);
     EXPECT_EQ(board.WhiteKing(), expected.WhiteKing());
     EXPECT_EQ(board.BlackKing(), expected.BlackKing());
     EXPECT_EQ(std::memcmp(board.nPieces, expected.nPieces, sizeof board.nPieces), 0);
@@ -68,12 +57,12 @@ TEST(Transforms, EachMovesPiecesWhereExpectedAndReanalyses) {
 }
 
 TEST(Transforms, QuarterTurnsComeRoundAndRefusePawnsOnTheEdgeRanks) {
-  const TChessboard original = Read("4k3/8/8/2B5/8/8/8/R3K1N1");
+  const TChessboard original = ReadBoard("4k3/8/8/2B5/8/8/8/R3K1N1");
   TChessboard board = original;
   for (int turn = 0; turn < 4; ++turn) transforms::Rotate90(board);
   EXPECT_EQ(fen::WriteShortFen(board), fen::WriteShortFen(original));
 
-  TChessboard withPawn = Read("4k3/8/8/8/8/8/P7/4K3");
+  TChessboard withPawn = ReadBoard("4k3/8/8/8/8/8/P7/4K3");
   EXPECT_THAT([&] { transforms::Rotate90(withPawn); },
               testing::ThrowsMessage<ChessException>(
                   testing::StrEq("Pawns cannot occupy 1st nor 8th line of the chessboard.")));
@@ -91,7 +80,7 @@ TEST(Transforms, MirrorTellsWhetherCastlingWasIrrelevant) {
       {"4k3/8/8/8/8/8/8/r3K3", true},
   };
   for (const auto& c : cases) {
-    TChessboard board = Read(c.fen);
+    TChessboard board = ReadBoard(c.fen);
     EXPECT_EQ(transforms::MirrorFiles(board), c.bIrrelevant) << c.fen;
   }
 }
