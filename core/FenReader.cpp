@@ -8,8 +8,9 @@
 namespace fen {
 namespace {
 
+// Line ends count as blanks: FEN texts often come straight from a file line.
 bool IsBlank(char c) {
-  return c == ' ' || c == '\t';
+  return std::isspace(static_cast<unsigned char>(c)) != 0;
 }
 
 // Ranks from 8 down to 1, files a to h; every rank must fill exactly eight files.
@@ -67,7 +68,7 @@ TFenExtras ReadExtras(std::string_view rest) {
 bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
   std::string_view rest(text);
   while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
-  const size_t blank = std::min(rest.find_first_of(" \t"), rest.size());
+  const size_t blank = std::find_if(rest.begin(), rest.end(), IsBlank) - rest.begin();
   if (!ReadPlacement(board.squares, rest.substr(0, blank))) return false;
   if (extras != nullptr) *extras = ReadExtras(rest.substr(blank));
   Analyse(board, true);

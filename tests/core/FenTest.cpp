@@ -63,7 +63,7 @@ TEST(Fen, PolishLettersReadLikeEnglishOnes) {
 TEST(Fen, ReadingFillsSquaresButKeepsPlyAndLinks) {
   TChessboard board = ReadBoard("4k3/8/8/8/8/8/8/4K3", 7);
   board.parent = &board;
-  ASSERT_TRUE(fen::ReadFen(board, "  3k4/8/8/8/8/8/8/3K4 b"));
+  ASSERT_TRUE(fen::ReadFen(board, "  3k4/8/8/8/8/8/8/3K4\r\n"));
   EXPECT_EQ(board.ply, 7);
   EXPECT_EQ(board.parent, &board);
   EXPECT_EQ(board.squares[3], piece::kWhiteKing);
