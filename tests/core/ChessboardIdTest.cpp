@@ -42,14 +42,6 @@ TEST(ChessboardId, ReferencePositionsDecodeToTheirSquares) {
   }
 }
 
-TEST(ChessboardId, DescribesThePlacementAlone) {
-  TChessboard board = ReadBoard("r3k2r/8/8/8/8/8/8/R3K2R");
-  TChessboard other = board;
-  other.ply = 6;
-  other.parent = &board;
-  EXPECT_EQ(TChessboardId(board), TChessboardId(other));
-}
-
 TEST(ChessboardId, AFullBoardFillsAllFortyBytes) {
   TChessboard board = ReadBoard("4k3/8/8/8/8/8/8/4K3");
   std::memset(board.squares, piece::kBlackKnight, 64);
