@@ -1,5 +1,6 @@
 #include "problems/Lexer.h"
 
+#include <algorithm>
 #include <string>
 
 #include "problems/ProblemFileError.h"
@@ -25,6 +26,7 @@ TToken CLexer::Next() {
 
 TToken CLexer::Peek() {
   if (!bPeeked) {
+    peekStart = pos;
     peeked = Scan();
     bPeeked = true;
   }
@@ -51,17 +53,23 @@ bool CLexer::Accept(char c) {
   return true;
 }
 
-std::string_view CLexer::RestOfLine(char stopAt) {
+std::string_view CLexer::RestOfLine() {
   if (bPeeked) {
-    pos = peeked.offset;
+    pos = peekStart;
     bPeeked = false;
   }
   std::size_t end = source.find('\n', pos);
   if (end == std::string_view::npos) end = source.size();
-  const std::size_t stop = source.find(stopAt, pos);
-  if (stop < end) end = stop;
   const std::string_view line = source.substr(pos, end - pos);
   pos = end;
+  return line;
+}
+
+std::string_view CLexer::RestOfCodeLine() {
+  const std::size_t start = bPeeked ? peekStart : pos;
+  std::string_view line = RestOfLine();
+  line = line.substr(0, std::min(line.find('}'), line.find("//")));
+  pos = start + line.size();
   return line;
 }
 
@@ -80,7 +88,7 @@ bool CLexer::AtEnd() {
 void CLexer::SetDirectivesWanted(bool bWanted) {
   // A token looked at under the old rule is scanned again under the new one.
   if (bPeeked) {
-    pos = peeked.offset;
+    pos = peekStart;
     bPeeked = false;
   }
   bDirectivesWanted = bWanted;
@@ -92,8 +100,12 @@ TToken CLexer::Scan() {
   if (pos >= source.size()) return TToken{TTokenKind::kEnd, {}, {}, pos};
   if (source[pos] == '/') return ScanDirective();
   if (!IsWordChar(source[pos])) {
+    // A character of several UTF-8 bytes is one symbol, so that errors show it whole.
     ++pos;
-    const std::string_view symbol = source.substr(start, 1);
+    if (static_cast<unsigned char>(source[start]) >= 0xC0) {
+      while (pos < source.size() && (static_cast<unsigned char>(source[pos]) & 0xC0) == 0x80) ++pos;
+    }
+    const std::string_view symbol = source.substr(start, pos - start);
     return TToken{TTokenKind::kSymbol, symbol, symbol, start};
   }
   while (pos < source.size() && IsWordChar(source[pos])) ++pos;

@@ -42,8 +42,10 @@ class CLexer {
   TToken NextWord();
   // Consumes the next token when it is the symbol c.
   bool Accept(char c);
-  // Raw text from here to the end of the line, or to stopAt when it comes first on the line.
-  std::string_view RestOfLine(char stopAt = '\n');
+  // Raw text from here to the end of the line.
+  std::string_view RestOfLine();
+  // The same, but ending before a closing brace or a line comment on the line.
+  std::string_view RestOfCodeLine();
   // Whether only blanks and comments are left.
   bool AtEnd();
   void SetDirectivesWanted(bool bWanted);
@@ -61,6 +63,7 @@ class CLexer {
   std::string_view source;
   std::size_t pos;
   TToken peeked;
+  std::size_t peekStart = 0;  // where the scan of the peeked token began
   bool bPeeked = false;
   bool bDirectivesWanted = false;
 };

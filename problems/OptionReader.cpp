@@ -110,7 +110,11 @@ bool ReadValueOption(CLexer& lexer, TProblem& problem, std::string_view word) {
   for (const TFlagOption& entry : kGuiCheckOptions) {
     if (!text::EqualsNoCase(word, entry.name)) continue;
     problem.options |= entry.flag;
-    problem.guiCheckLevel = std::max(1, NextNumber(lexer, 1000000));
+    // The level may be left out: the writer leaves out level 1.
+    const TToken level = lexer.Peek();
+    if (level.kind == TTokenKind::kWord && text::IsDigit(level.text.front())) {
+      problem.guiCheckLevel = std::max(1, NextNumber(lexer, 1000000));
+    }
     return true;
   }
   const auto is = [word](std::string_view name) { return text::EqualsNoCase(word, name); };

@@ -29,8 +29,9 @@ void ExpectColon(CLexer& lexer, const char* error) {
 
 void ReadFen(CLexer& lexer, TChessboard& board) {
   ExpectColon(lexer, "Colon ':' expected after FEN identifier.");
-  const std::size_t offset = lexer.Offset();
-  const std::string fenText(text::Trim(lexer.RestOfLine('}')));
+  const std::string_view trimmed = text::Trim(lexer.RestOfCodeLine());
+  const std::size_t offset = static_cast<std::size_t>(trimmed.data() - lexer.Source().data());
+  const std::string fenText(trimmed);
   bool bRead = false;
   try {
     bRead = fen::ReadFen(board, fenText);

@@ -29,24 +29,23 @@ int ReadNumber(const TToken& token, int min, int max) {
   return value;
 }
 
-// The move text of a numbered sequence that comes after the first nMade moves, if any:
-// the move-sequence reader stops silently at a refused move, and a line cut short would
-// be lost when the file is written again.
-std::string MoveAfter(std::string_view line, int nMade, bool bWhiteToMove) {
+// Where the first move after the first nMade moves of a numbered sequence stands, or
+// npos: the move-sequence reader stops silently at a refused move, and a line cut short
+// would be lost when the file is written again.
+std::size_t MoveAfter(std::string_view line, int nMade, bool bWhiteToMove) {
+  const auto skipBlanks = [line](std::size_t i) {
+    while (i < line.size() && text::BlankLength(line, i) != 0) i += text::BlankLength(line, i);
+    return i;
+  };
   int number = 1;
   std::size_t i = 0;
   for (int nSeen = 0;; ++nSeen) {
-    while (i < line.size() && text::BlankLength(line, i) != 0) i += text::BlankLength(line, i);
+    i = skipBlanks(i);
     const std::string numberText = std::to_string(number) + ".";
-    if (line.substr(i).starts_with(numberText)) {
-      i += numberText.size();
-      while (i < line.size() && text::BlankLength(line, i) != 0) i += text::BlankLength(line, i);
-    }
-    if (i >= line.size()) return "";
-    std::size_t end = i;
-    while (end < line.size() && text::BlankLength(line, end) == 0) ++end;
-    if (nSeen == nMade) return std::string(line.substr(i, end - i));
-    i = end;
+    if (line.substr(i).starts_with(numberText)) i = skipBlanks(i + numberText.size());
+    if (i >= line.size()) return std::string_view::npos;
+    if (nSeen == nMade) return i;
+    while (i < line.size() && text::BlankLength(line, i) == 0) ++i;
     bWhiteToMove = !bWhiteToMove;
     if (bWhiteToMove) ++number;
   }
@@ -117,14 +116,19 @@ void CProblemReader::ReadBody(TProblem& problem) {
 void CProblemReader::ReadMoveLine(TProblem& problem) {
   const TToken colon = lexer.NextRequired();
   if (!colon.IsSymbol(':')) FailAt(colon.offset, "Colon expected after Moves section start.");
-  const std::size_t offset = lexer.Offset();
-  const std::string_view line = text::Trim(lexer.RestOfLine('}'));
+  const std::string_view line = text::Trim(lexer.RestOfCodeLine());
+  const std::size_t offset = static_cast<std::size_t>(line.data() - lexer.Source().data());
   try {
     problem.current = notation::ReadMoveSequence(problem.start, std::string(line));
   } catch (const ChessException& e) {
     FailAt(offset, e.what());
   }
   const int nMade = problem.start.ply - problem.current->ply;
-  const std::string refused = MoveAfter(line, nMade, problem.start.IsWhiteToMove());
-  if (!refused.empty()) FailAt(offset, "Invalid move in MakeMove() : " + refused);
+  const std::size_t refused = MoveAfter(line, nMade, problem.start.IsWhiteToMove());
+  if (refused != std::string_view::npos) {
+    std::size_t end = refused;
+    while (end < line.size() && text::BlankLength(line, end) == 0) ++end;
+    FailAt(offset + refused,
+           "Invalid move in MakeMove() : " + std::string(line.substr(refused, end - refused)));
+  }
 }

@@ -1,0 +1,196 @@
+// Writing a problem and reading it back: what is written survives, what the canonical
+// form leaves out is gone, and the canonical text itself is fixed byte for byte.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "ReadHelpers.h"
+#include "core/Fen.h"
+#include "core/Notation.h"
+
+namespace {
+
+using problemtest::Body;
+using problemtest::ReadOne;
+
+const std::string kEveryWrittenOption =
+    "12 #3 NoMirror MirrorOnly AllSolutions StopOnDual StopOn3Sol "
+    "UseMainVariantAsSortIndications GUICHECK 3 GUICHECKBESTDEFENCE THREADS 4 SAFEMODE "
+    "RequiresSyzygy AllSolutionsRequiresSyzygy REQUIRES tb7 ONLYIFAVAIL net\n"
+    "//#TAGS\n//#miniature\n//#Zugzwang\n"
+    "//!VARIANTS\n//!1.Ra1-a7 Ke8-f8 2.Ra7-a8#\n//!  kept as written  \n//!ENDVARIANTS\n"
+    "//@SortIndications: 2. Qd1:d7+; ~Rh5\n"
+    "{\n\tDescription: A test, żółw\n\tFEN: 4k3/8/8/8/8/8/8/R3K3\n\tAnswer: Ra1-a7, Ke1-d2\n}\n";
+
+// Reads text, writes the collection, reads that again; returns both texts written.
+std::pair<std::string, std::string> WriteTwice(const std::string& text, TProblemCollection& again) {
+  TProblemCollection first;
+  ReadOne(first, text);
+  const std::string written = first.WriteText();
+  ReadOne(again, written);
+  return {written, again.WriteText()};
+}
+
+TEST(RoundTrip, EveryWrittenOptionSurvives) {
+  TProblemCollection again;
+  const auto [written, rewritten] = WriteTwice(kEveryWrittenOption, again);
+  EXPECT_EQ(written, rewritten);
+  const TProblem& p = *again.Find(12);
+  EXPECT_EQ(p.stipulation.type, TStipulation::kDirectMate);
+  EXPECT_EQ(p.stipulation.plies, 5);
+  EXPECT_EQ(p.options, 0x79BF);  // all but NOGLOBREG and the expected sorted moves
+  EXPECT_EQ(p.guiCheckLevel, 3);
+  EXPECT_EQ(p.nThreads, 4);
+  EXPECT_TRUE(p.bUseMainVariantAsSortIndications);
+  EXPECT_EQ(p.requiredResources, (std::set<std::string>{"net", "tb7"}));
+  EXPECT_EQ(p.tags, (std::set<std::string>{"Zugzwang", "miniature"}));
+  EXPECT_EQ(p.variants,
+            (std::vector<std::string>{"1.Ra1-a7 Ke8-f8 2.Ra7-a8#", "  kept as written  "}));
+  EXPECT_EQ(sortindication::RenderList(p.sortIndications), "~Rh5, 2. Qd1:d7+");
+  EXPECT_EQ(p.description, "A test, żółw");
+  EXPECT_EQ(fen::WriteShortFen(p.start), "4k3/8/8/8/8/8/8/R3K3");
+  ASSERT_EQ(p.answer.size(), 2u);
+  EXPECT_EQ(notation::MoveToText(p.start, p.answer[1]), "Ke1-d2");
+}
+
+TEST(RoundTrip, CanonicalTextHasAFixedOrder) {
+  TProblemCollection collection;
+  ReadOne(collection, kEveryWrittenOption);
+  EXPECT_EQ(collection.WriteText(),
+            "UTF-8\n\n\n"
+            "12 #3 NoMirror MirrorOnly AllSolutions StopOnDual StopOn3Sol "
+            "UseMainVariantAsSortIndications GUICHECK 3 GUICHECKBESTDEFENCE 3 THREADS 4 SAFEMODE "
+            "RequiresSyzygy AllSolutionsRequiresSyzygy Requires net Requires tb7\n"
+            "//#TAGS\n//#Zugzwang\n//#miniature\n"
+            "//!VARIANTS\n//!1.Ra1-a7 Ke8-f8 2.Ra7-a8#\n//!  kept as written  \n//!ENDVARIANTS\n"
+            "//@SortIndications: ~Rh5, 2. Qd1:d7+\n"
+            "{\n\tDescription: A test, żółw\n\tFEN: 4k3/8/8/8/8/8/8/R3K3\n"
+            "\tAnswer:  Ra1-a7,  Ke1-d2\n}\n");
+}
+
+TEST(RoundTrip, OptionsThatAreNotWrittenDoNotSurvive) {
+  TProblemCollection first;
+  const TProblem& read =
+      ReadOne(first,
+              "5 #2 NOGLOBREG GLOBREGMB 512 SCHEDULERLEVELS 3 LICHESSLEVELS 2 "
+              "STOPRELAXHEURISTICSONFIRSTSOLUTION ALLSOLUTIONSREQUIRES tb7 THREADS 4^2 "
+              "SH_FINDFORCEDMATE(#2-Preliminary) SH_keyfield OFF SH_KEEPKINGONTHEEDGE(STRICT, "
+              "incl.corner) " +
+                  Body("\tSWM: Ra1-a8, Ke1-d1\n\tEXPECTEDSORTWHITEMOVESONLY: Ke1-f1\n"));
+  EXPECT_EQ(read.options, 0x0640);
+  EXPECT_EQ(read.nGlobalRegisterMegabytes, 512);
+  EXPECT_EQ(read.nSchedulerLevels, 3);
+  EXPECT_EQ(read.nLichessLevels, 2);
+  EXPECT_TRUE(read.bStopRelaxingOnFirstSolution);
+  EXPECT_EQ(read.allSolutionsRequiredResources, std::set<std::string>{"tb7"});
+  EXPECT_EQ(read.nSecondLevelThreads, 2);
+  EXPECT_EQ(read.expectedSortedWhiteMoves.size(), 3u);
+  EXPECT_TRUE(read.bExpectedSortedWhiteMovesOnly);
+  using TSettings = std::map<int, std::vector<std::string>>;
+  EXPECT_EQ(read.heuristicSettings,
+            (TSettings{{9, {"#2-Preliminary"}}, {18, {"OFF"}}, {2, {"STRICT", "incl.corner"}}}));
+
+  TProblemCollection again;
+  const TProblem& p = ReadOne(again, first.WriteText());
+  EXPECT_EQ(p.options, 0);
+  EXPECT_EQ(p.nThreads, 4);
+  EXPECT_EQ(p.nSecondLevelThreads, 0);
+  EXPECT_EQ(p.nGlobalRegisterMegabytes, 0);
+  EXPECT_EQ(p.nSchedulerLevels, 0);
+  EXPECT_EQ(p.nLichessLevels, 0);
+  EXPECT_FALSE(p.bStopRelaxingOnFirstSolution);
+  EXPECT_TRUE(p.allSolutionsRequiredResources.empty());
+  EXPECT_TRUE(p.heuristicSettings.empty());
+  EXPECT_TRUE(p.expectedSortedWhiteMoves.empty());
+}
+
+struct THeaderCase {
+  std::string header;
+  int type;
+  int plies;
+  std::string written;  // the header line written back
+};
+
+TEST(RoundTrip, HeadersAreReadAndWrittenBack) {
+  const THeaderCase cases[] = {
+      {"12 #3 NoMirror THREADS 4^2", 1, 5, "12 #3 NoMirror THREADS 4"},
+      {"7 s#2", 2, 5, "7 s#2"},
+      {"7 S # 2", 2, 5, "7 s#2"},
+      {"8 #2 GUICHECK 0", 1, 3, "8 #2 GUICHECK"},
+      {"8 #2 guicheckbestdefenceandaux 2", 1, 3, "8 #2 GUICHECK 2"},
+      {"9 nomirror", 4, 255, "9  NoMirror"},
+      {"9", 4, 255, "9 "},
+  };
+  for (const THeaderCase& c : cases) {
+    TProblemCollection collection;
+    const TProblem& p = ReadOne(collection, c.header + "\n" + Body());
+    EXPECT_EQ(p.stipulation.type, c.type) << c.header;
+    EXPECT_EQ(p.stipulation.plies, c.plies) << c.header;
+    EXPECT_EQ(p.start.ply, c.plies) << c.header;
+    EXPECT_EQ(p.start.rootPlies, c.plies) << c.header;
+    const std::string text = collection.WriteText();
+    EXPECT_NE(text.find("\n" + c.written + "\n"), std::string::npos) << text;
+  }
+}
+
+TEST(RoundTrip, AnswersKeepCapturesCastlingAndPromotion) {
+  TProblemCollection collection;
+  ReadOne(collection,
+          "1 #3 {\n\tFEN: r3k2r/1P6/8/3p4/4P3/8/8/R3K2R\n"
+          "\tA: e4-d5, e4:d5, 0-0-0, 0-0, b7-b8Q, b7:a8N\n}");
+  EXPECT_NE(
+      collection.WriteText().find("\tAnswer:  e4:d5,  e4:d5,  0-0-0,  0-0,  b7-b8Q,  b7:a8N\n"),
+      std::string::npos);
+  TProblemCollection again;
+  ReadOne(again, collection.WriteText());
+  EXPECT_EQ(again.Find(1)->answer, collection.Find(1)->answer);
+}
+
+TEST(RoundTrip, PieceListsReadLikeTheirFen) {
+  TProblemCollection lists, fenText;
+  const TProblem& a =
+      ReadOne(lists, "1 #2 {\n\tWH: Ke1, Hd1, wa1, Sb1, gc1, e2, pf2\n\tbl: ke8, Ra8\n}");
+  const TProblem& b = ReadOne(fenText, "1 #2 {\n\tFEN: r3k3/8/8/8/8/8/4PP2/RNBQK3 w - - 0 1\n}");
+  EXPECT_EQ(fen::WriteShortFen(a.start), fen::WriteShortFen(b.start));
+  EXPECT_EQ(a.PieceCount(), 9);
+}
+
+TEST(RoundTrip, MoveLineOfAPositionIsKept) {
+  TProblemCollection collection;
+  const TProblem& p = ReadOne(
+      collection, "3 {\n\tFEN: 4k3/4p3/8/8/8/8/4P3/4K1N1\n\tMoves: 1. e2-e4 e7-e5 2.Ng1-f3\n}");
+  EXPECT_EQ(p.MoveLine().size(), 3u);
+  EXPECT_EQ(p.current->ply, 252);
+  const std::string text = collection.WriteText();
+  EXPECT_NE(text.find("\n   Moves:    1. e2-e4 e7-e5 2. Ng1-f3\n}"), std::string::npos) << text;
+  TProblemCollection again;
+  EXPECT_EQ(fen::WriteShortFen(*ReadOne(again, text).current), fen::WriteShortFen(*p.current));
+}
+
+TEST(RoundTrip, DirectiveCommentsOutsideTheHeaderAreOrdinaryComments) {
+  TProblemCollection collection;
+  const TProblem& p = ReadOne(collection,
+                              "//#TAGS\n//#before\n1 #2\n//#stray\n//!stray\n//#TAGS\n//#kept\n"
+                              "{\n\tFEN: 4k3/8/8/8/8/8/8/R3K3 // note\n//#TAGS\n//#inside\n}\n"
+                              "//@SortIndications: e4\n");
+  EXPECT_EQ(p.tags, std::set<std::string>{"kept"});
+  EXPECT_TRUE(p.variants.empty());
+  EXPECT_TRUE(p.sortIndications.empty());
+}
+
+TEST(RoundTrip, LineBreaksInTextsSetByTheProgramDoNotBreakTheFile) {
+  TProblemCollection collection;
+  auto problem = std::make_unique<TProblem>();
+  ASSERT_TRUE(fen::ReadFen(problem->start, problemtest::kFen));
+  problem->ResetLine();
+  problem->id = 4;
+  problem->description = "two\nlines";
+  problem->tags.insert("a\r\nb");
+  collection.Put(std::move(problem));
+  TProblemCollection again;
+  const TProblem& p = ReadOne(again, collection.WriteText());
+  EXPECT_EQ(p.description, "two lines");
+  EXPECT_EQ(p.tags, std::set<std::string>{"a  b"});
+}
+
+}  // namespace
