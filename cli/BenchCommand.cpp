@@ -5,4 +5,6 @@ void AddBenchCommand(CLI::App& app) {
   CLI::App* bench = app.add_subcommand("bench", "Measure speed (medians of repeated runs)");
   bench->require_subcommand(1);
   AddBenchPerftCommand(*bench);
+  AddBenchReadCommand(*bench);
+  AddBenchSolveCommand(*bench);
 }

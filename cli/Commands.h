@@ -10,6 +10,10 @@ struct CommandExit {
 void AddPerftCommand(CLI::App& app);
 void AddFenCommand(CLI::App& app);
 void AddConfigCommand(CLI::App& app);
+void AddCheckCommand(CLI::App& app);
+void AddFormatCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
+void AddBenchSolveCommand(CLI::App& bench);
+void AddBenchReadCommand(CLI::App& bench);

@@ -161,27 +161,45 @@ int GenerateEvasions(const TChessboard& board, TMove* out) {
   return n;
 }
 
+namespace {
+
+// King and rook stand at home now, stood there at the root, and no move since ended there.
+bool HasCastlingRight(const TChessboard& board, SquareIndex kingHome, SquareIndex corner,
+                      PieceCode colour) {
+  const PieceCode* sq = board.squares;
+  if (sq[kingHome] != (colour | piece::kKing) || sq[corner] != (colour | piece::kRook)) return false;
+  const TChessboard* p = &board;
+  for (; p->parent != nullptr; p = p->parent)
+    if (p->lastMove.to == kingHome || p->lastMove.to == corner) return false;
+  return p->squares[kingHome] == (colour | piece::kKing) && p->squares[corner] == (colour | piece::kRook);
+}
+
+}  // namespace
+
 bool CanCastle(const TChessboard& board, SquareIndex kingTarget) {
   const bool bWhite = kingTarget < 8;
   const SquareIndex kingHome = bWhite ? 4 : 60;
   const bool bShort = kingTarget == kingHome + 2;
   const SquareIndex corner = bShort ? kingHome + 3 : kingHome - 4;
-  const PieceCode colour = bWhite ? piece::kWhite : piece::kBlack;
   const PieceCode* sq = board.squares;
-  if (sq[kingHome] != (colour | piece::kKing) || sq[corner] != (colour | piece::kRook)) return false;
   const int step = bShort ? 1 : -1;
+  if (sq[kingHome] != (bWhite ? piece::kWhiteKing : piece::kBlackKing)) return false;
   for (int s = kingHome + step; s != corner; s += step)
     if (sq[s] != piece::kEmpty) return false;
   if (bWhite ? board.IsWhiteInCheck() : board.IsBlackInCheck()) return false;
   const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
   if (attacks::IsAttacked(sq, kingHome + step, enemy) || attacks::IsAttacked(sq, kingTarget, enemy))
     return false;
-  // Rights are judged from the line: no move since the root may have ended on either square,
-  // and the root must have had king and rook there.
-  const TChessboard* p = &board;
-  for (; p->parent != nullptr; p = p->parent)
-    if (p->lastMove.to == kingHome || p->lastMove.to == corner) return false;
-  return p->squares[kingHome] == (colour | piece::kKing) && p->squares[corner] == (colour | piece::kRook);
+  return HasCastlingRight(board, kingHome, corner, bWhite ? piece::kWhite : piece::kBlack);
+}
+
+std::uint8_t CastlingRights(const TChessboard& board) {
+  std::uint8_t rights = 0;
+  if (HasCastlingRight(board, 4, 7, piece::kWhite)) rights |= castling::kWhiteShort;
+  if (HasCastlingRight(board, 4, 0, piece::kWhite)) rights |= castling::kWhiteLong;
+  if (HasCastlingRight(board, 60, 63, piece::kBlack)) rights |= castling::kBlackShort;
+  if (HasCastlingRight(board, 60, 56, piece::kBlack)) rights |= castling::kBlackLong;
+  return rights;
 }
 
 }  // namespace movegen

@@ -18,4 +18,11 @@ int GenerateEvasions(const TChessboard& board, TMove* out);
 // Whether castling on the given king target square (g1, c1, g8, c8) is allowed now.
 bool CanCastle(const TChessboard& board, SquareIndex kingTarget);
 
+// Castling rights as the line judges them (king and rook at home now and at the root, no
+// move of the line ended on either square), ignoring checks and pieces in between.
+namespace castling {
+constexpr std::uint8_t kWhiteShort = 1, kWhiteLong = 2, kBlackShort = 4, kBlackLong = 8;
+}
+std::uint8_t CastlingRights(const TChessboard& board);
+
 }  // namespace movegen

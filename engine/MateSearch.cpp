@@ -1,0 +1,153 @@
+#include "engine/MateSearch.h"
+
+#include <algorithm>
+
+#include "core/CheckPrediction.h"
+#include "core/MoveGeneration.h"
+#include "core/MoveMaking.h"
+#include "engine/MoveOrdering.h"
+#include "engine/RegisterKey.h"
+#include "engine/Repetition.h"
+
+namespace {
+// Below this many plies a lookup costs more than the search it saves.
+constexpr std::uint16_t kMinRegisterPlies = 3;
+}  // namespace
+
+CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
+    : context(searchContext),
+      line(rootPlies + 1u),
+      whiteChildren((rootPlies / 2 + 1u) * kMoveBufferSize),
+      repetitionMarks(rootPlies + 1u, 0),
+      whiteKillers(rootPlies + 1u),
+      blackKillers(rootPlies + 1u) {}
+
+MateResult CMateSearch::FindMate(const TChessboard& board) {
+  return board.IsWhiteToMove() ? WhiteNode(board) : BlackNode(board);
+}
+
+int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& children) {
+  children = &whiteChildren[(board.ply / 2) * kMoveBufferSize];
+  return ordering::MakeOrderedWhiteChildren(board, children, whiteKillers[board.ply]);
+}
+
+bool CMateSearch::UsesRegister(const TChessboard& board) const {
+  return context.pRegister != nullptr && board.ply >= kMinRegisterPlies &&
+         !registerkey::HasEnPassantRight(board);
+}
+
+void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
+  // An interrupted search proves nothing.
+  if (context.IsStopping() || !UsesRegister(board)) return;
+  context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
+}
+
+MateResult CMateSearch::WhiteNode(const TChessboard& board) {
+  if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
+  if (UsesRegister(board)) {
+    const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
+    if (known == 1) return mate::kMate;
+    if (known == 0) return mate::kNoMate;
+  }
+  TChessboard* children;
+  const int n = OrderedWhiteChildren(board, children);
+  std::uint16_t mark = 0;
+  bool bDoubtful = false;
+  for (int i = 0; i < n; ++i) {
+    const TChessboard& child = children[i];
+    CountPosition();
+    const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
+    if (repeated != 0) {
+      mark = std::max(mark, repeated);
+      continue;
+    }
+    const MateResult result = BlackNode(child);
+    if (context.IsStopping()) return mate::kDoubtful;
+    if (result == mate::kMate) {
+      whiteKillers[board.ply] = child.lastMove;
+      FileAnswer(board, 1);
+      return mate::kMate;
+    }
+    if (result == mate::kRepetition) mark = std::max(mark, repetitionMarks[child.ply]);
+    else if (result == mate::kDoubtful) bDoubtful = true;
+  }
+  return SettleWhiteFailure(board, mark, bDoubtful);
+}
+
+MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful) {
+  if (mark > board.ply) {
+    repetitionMarks[board.ply] = mark;
+    return mate::kRepetition;
+  }
+  // A repetition of this very position is settled here: doubtful in the passes with
+  // heuristics, no mate in the exact pass.
+  if (mark == board.ply && context.passNumber == 1) bDoubtful = true;
+  // Under an active heuristic a failure to find mate proves nothing.
+  if (bDoubtful || board.searchFlags != 0) return mate::kDoubtful;
+  FileAnswer(board, 0);
+  return mate::kNoMate;
+}
+
+MateResult CMateSearch::BlackNode(const TChessboard& board) {
+  if (context.runState.load(std::memory_order_relaxed) != runstate::kRun && !context.WaitWhilePaused())
+    return mate::kDoubtful;
+  if (board.ply == 0)
+    return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
+  TMove moves[kMoveBufferSize];
+  const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
+                                       : movegen::GenerateAllMoves(board, moves);
+  // The reply that refuted a sibling is the likeliest refutation here too.
+  const TMove killer = blackKillers[board.ply];
+  for (int i = 1; i < n; ++i)
+    if (moves[i].SameMove(killer)) std::rotate(moves, moves + i, moves + i + 1);
+  TChessboard& child = line[board.ply];
+  int nLegal = 0;
+  TMove matedPromotion{square::kNone, square::kNone, 0, 0};
+  for (int i = 0; i < n; ++i) {
+    const TMove reply = moves[i];
+    if (reply.promotion != 0 && reply.from == matedPromotion.from && reply.to == matedPromotion.to)
+      continue;
+    child = board;
+    child.parent = &board;
+    if (movemaking::MakeBlackMove(child, reply) <= 0) continue;
+    ++nLegal;
+    CountPosition();
+    MateResult result;
+    const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
+    if (repeated != 0) {
+      repetitionMarks[child.ply] = repeated;
+      result = mate::kRepetition;
+    } else {
+      result = WhiteNode(child);
+    }
+    if (result == mate::kMate) {
+      if (reply.promotion != 0 && context.bRemoveDuplicatePromotions) matedPromotion = reply;
+      continue;
+    }
+    blackKillers[board.ply] = reply;
+    if (result != mate::kRepetition) return result == mate::kFilteredNoMate ? mate::kNoMate : result;
+    const std::uint16_t mark = repetitionMarks[child.ply];
+    if (mark > board.ply) {
+      repetitionMarks[board.ply] = mark;
+      return mate::kRepetition;
+    }
+    return context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
+  }
+  if (nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
+  return mate::kMate;
+}
+
+bool CMateSearch::MateInOne(const TChessboard& board) {
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GenerateAllMoves(board, moves);
+  TChessboard& child = line[board.ply];
+  for (int i = 0; i < n; ++i) {
+    if (!attacks::MayGiveCheck(board, moves[i])) continue;
+    child = board;
+    child.parent = &board;
+    if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
+    CountPosition();
+    if (child.IsBlackInCheck() && !movemaking::HasLegalMove(child)) return true;
+  }
+  return false;
+}

@@ -1,0 +1,49 @@
+#pragma once
+#include <atomic>
+#include <cstdint>
+#include <vector>
+
+#include "core/Chessboard.h"
+#include "engine/MateResult.h"
+#include "engine/SearchContext.h"
+
+// The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
+// mating move suffices), Black's are AND nodes (every reply must be mated). Each thread
+// owns its line of positions; the register and run state are shared through the context.
+//
+// A line that returns to a position already on it is cut: White's shortest mates never
+// repeat a position, so the cut loses nothing, but a "no mate" found under such a cut
+// holds only for this line. It travels up as kRepetition, with the ply of the repeated
+// position as its mark, and is filed nowhere until it reaches that position.
+class CMateSearch {
+ public:
+  CMateSearch(SearchContext& context, std::uint16_t rootPlies);
+  CMateSearch(const CMateSearch&) = delete;
+  CMateSearch& operator=(const CMateSearch&) = delete;
+
+  // Dispatches on the side to move of board (odd ply: White).
+  MateResult FindMate(const TChessboard& board);
+  MateResult WhiteNode(const TChessboard& board);
+  MateResult BlackNode(const TChessboard& board);
+
+  // The ply at which a kRepetition result returned for a node of this ply settles.
+  std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
+  // Legal positions made so far (read by the progress display from other threads).
+  std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
+  // Ordered legal White successors of board in this thread's buffer for its ply.
+  int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children);
+
+ private:
+  bool MateInOne(const TChessboard& board);
+  MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
+  void CountPosition() { nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
+  void FileAnswer(const TChessboard& board, std::uint8_t answer);
+  bool UsesRegister(const TChessboard& board) const;
+
+  SearchContext& context;
+  std::vector<TChessboard> line;           // Black's successors: line[ply]
+  std::vector<TChessboard> whiteChildren;  // White's ordered successors, kMoveBufferSize per ply
+  std::vector<std::uint16_t> repetitionMarks;
+  std::vector<TMove> whiteKillers, blackKillers;
+  std::atomic<std::uint64_t> nPositions{0};
+};

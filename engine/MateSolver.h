@@ -1,0 +1,38 @@
+#pragma once
+#include <atomic>
+#include <memory>
+
+#include "core/Chessboard.h"
+#include "engine/RootSearch.h"
+#include "engine/SearchContext.h"
+
+// One solve of "White to move mates in N" from a start position: the root search with its
+// threads over a shared context. Run blocks; Stop, Pause and Resume may be called from any
+// thread while it runs, and the counters may be read at any time.
+class CMateSolver {
+ public:
+  struct TSettings {
+    int nThreads = 1;
+    int nMaxSolutions = 1;  // 0: all solutions
+    std::uint8_t passNumber = 2;
+    TChessboardRegister<bool>* pRegister = nullptr;
+  };
+
+  // start's squares and derived fields are used; its ply is set to 2N - 1 here.
+  CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);
+  TRootOutcome Run();
+  void Stop() { context.runState.store(runstate::kStop); }
+  void Pause() { context.runState.store(runstate::kPause); }
+  void Resume() { context.runState.store(runstate::kRun); }
+  bool WasStopped() const { return context.runState.load() >= runstate::kStop; }
+
+  std::uint64_t Positions() const { return search->Positions(); }
+  double Progress() const { return search->Progress(); }
+  const CRootSearch& Root() const { return *search; }
+
+ private:
+  TChessboard root;
+  TSettings settings;
+  SearchContext context;
+  std::unique_ptr<CRootSearch> search;
+};

@@ -1,0 +1,14 @@
+#pragma once
+#include <cstdint>
+
+#include "core/Chessboard.h"
+#include "core/Move.h"
+
+namespace ordering {
+
+// Makes every legal White move of board into children (linked to board) and returns their
+// count, ordered so that proofs come early: the killer first, then checks, then captures
+// and promotions, then the rest; generation order within each group.
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMove killer);
+
+}  // namespace ordering

@@ -1,0 +1,36 @@
+#include "engine/Repetition.h"
+
+#include <cstring>
+
+#include "engine/RegisterKey.h"
+
+namespace repetition {
+namespace {
+
+// Whether the move that produced `board` can never be undone (the root counts as such).
+bool IsIrreversible(const TChessboard& board) {
+  if (board.parent == nullptr) return true;
+  const TMove m = board.lastMove;
+  if (m.promotion != 0 || piece::TypeOf(board.squares[m.to]) == piece::kPawn) return true;
+  if (board.parent->squares[m.to] != piece::kEmpty) return true;
+  constexpr std::uint64_t kCastlingHomes =
+      (1ULL << 0) | (1ULL << 4) | (1ULL << 7) | (1ULL << 56) | (1ULL << 60) | (1ULL << 63);
+  return ((kCastlingHomes >> m.from) & 1) || ((kCastlingHomes >> m.to) & 1);
+}
+
+}  // namespace
+
+std::uint16_t RepeatedAncestorPly(const TChessboard& board) {
+  const TChessboard* current = &board;
+  for (;;) {
+    if (IsIrreversible(*current)) return 0;
+    const TChessboard* above = current->parent;
+    if (IsIrreversible(*above)) return 0;
+    current = above->parent;
+    if (std::memcmp(current->squares, board.squares, sizeof board.squares) == 0 &&
+        !registerkey::HasEnPassantRight(*current))
+      return current->ply;
+  }
+}
+
+}  // namespace repetition

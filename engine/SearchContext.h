@@ -1,0 +1,44 @@
+#pragma once
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <thread>
+
+#include "registers/ChessboardRegister.h"
+
+// Run states written by the session and polled by every Black node.
+namespace runstate {
+constexpr std::uint8_t kRun = 0;
+constexpr std::uint8_t kPause = 1;
+constexpr std::uint8_t kStop = 2;
+}  // namespace runstate
+
+// What the threads of one solve share: the run state, the register and the pass settings.
+struct SearchContext {
+  std::atomic<std::uint8_t> runState{runstate::kRun};
+  TChessboardRegister<bool>* pRegister = nullptr;
+  // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
+  std::uint8_t passNumber = 2;
+  // Skip a pawn's other promotions to the same square once one of them is mated. Unsound
+  // for under-promotions that check or stalemate, so the exact solver leaves it off.
+  bool bRemoveDuplicatePromotions = false;
+  // Doubt source of the last doubtful node: 0 or ~0 from the register, else a heuristic bit.
+  std::atomic<std::uint32_t> doubtfulReason{0};
+
+  // Set once the root has all the keys it wants: the other workers may give up.
+  std::atomic<bool> bAbandon{false};
+
+  bool IsStopping() const {
+    return runState.load(std::memory_order_relaxed) >= runstate::kStop ||
+           bAbandon.load(std::memory_order_relaxed);
+  }
+  // Parks the calling thread while paused; returns false once a stop is requested.
+  bool WaitWhilePaused() const {
+    for (;;) {
+      const std::uint8_t state = runState.load(std::memory_order_relaxed);
+      if (state == runstate::kRun) return true;
+      if (state >= runstate::kStop) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+  }
+};

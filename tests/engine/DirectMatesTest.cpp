@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "TestData.h"
+#include "core/Fen.h"
+#include "core/Notation.h"
+#include "engine/RootSearch.h"
+
+namespace {
+
+struct TSolved {
+  MateResult result;
+  std::vector<std::string> keys;
+};
+
+// The reference data writes some captures with '-': compare moves by their squares.
+std::string WithoutCaptureMark(std::string move) {
+  std::replace(move.begin(), move.end(), ':', '-');
+  return move;
+}
+
+TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int nThreads = 1) {
+  TChessboard root;
+  ClearChessboard(root);
+  EXPECT_TRUE(fen::ReadFen(root, fenText));
+  root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
+  TChessboardRegister<bool> reg(1'000'000);
+  SearchContext context;
+  if (bWithRegister) context.pRegister = &reg;
+  CRootSearch search(context, root, nThreads);
+  const TRootOutcome outcome = search.Run(0);
+  TSolved solved{outcome.result, {}};
+  for (TMove key : outcome.keys) solved.keys.push_back(WithoutCaptureMark(notation::MoveToText(root, key)));
+  std::sort(solved.keys.begin(), solved.keys.end());
+  return solved;
+}
+
+std::vector<std::string> PublishedKeys(const testdata::TRow& row) {
+  auto keys = testdata::Split(row.at("keys"), " ,");
+  for (auto& key : keys) key = WithoutCaptureMark(key);
+  std::sort(keys.begin(), keys.end());
+  return keys;
+}
+
+// The quick rows of the reference set: every published key, and nothing else.
+TEST(DirectMates, QuickRowsGiveExactlyThePublishedKeys) {
+  int nSolved = 0;
+  for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
+    if (row.at("popeye_seconds").empty() || std::stod(row.at("popeye_seconds")) > 0.5) continue;
+    const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true);
+    const auto expected = PublishedKeys(row);
+    EXPECT_EQ(solved.keys, expected) << row.at("id");
+    EXPECT_EQ(solved.result, expected.empty() ? mate::kNoMate : mate::kMate) << row.at("id");
+    ++nSolved;
+  }
+  EXPECT_GE(nSolved, 20);
+}
+
+}  // namespace
