@@ -27,9 +27,3 @@ inline std::uint64_t HashRegisterItem(const TChessboardRegisterItem& item) {
   hash *= 0x94D049BB133111EBULL;
   return hash ^ (hash >> 32);
 }
-
-struct TChessboardRegisterItemHash {
-  std::size_t operator()(const TChessboardRegisterItem& item) const noexcept {
-    return static_cast<std::size_t>(HashRegisterItem(item));
-  }
-};

@@ -18,6 +18,24 @@ std::uint8_t LowByte(std::uint32_t answer) {
 }
 }  // namespace
 
+CRegisterEntries::CRegisterEntries(CRegisterEntries&& other) noexcept
+    : nSize(other.nSize), single(other.single), heap(other.heap) {
+  other.nSize = 0;
+  other.heap = nullptr;
+}
+
+CRegisterEntries& CRegisterEntries::operator=(CRegisterEntries&& other) noexcept {
+  if (this != &other) {
+    if (nSize > 1) delete[] heap;
+    nSize = other.nSize;
+    single = other.single;
+    heap = other.heap;
+    other.nSize = 0;
+    other.heap = nullptr;
+  }
+  return *this;
+}
+
 CRegisterEntries::~CRegisterEntries() {
   if (nSize > 1) delete[] heap;
 }

@@ -19,6 +19,9 @@ class CRegisterEntries {
   CRegisterEntries() = default;
   CRegisterEntries(const CRegisterEntries&) = delete;
   CRegisterEntries& operator=(const CRegisterEntries&) = delete;
+  // Moving hands the heap array over, so that hash table slots can move without allocating.
+  CRegisterEntries(CRegisterEntries&& other) noexcept;
+  CRegisterEntries& operator=(CRegisterEntries&& other) noexcept;
   ~CRegisterEntries();
 
   const TRegisterInfo* begin() const { return Data(); }

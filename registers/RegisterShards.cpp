@@ -5,27 +5,25 @@ CRegisterShards::CRegisterShards(std::atomic<std::uint32_t>& whiteToMoveCount)
 
 std::uint8_t CRegisterShards::Find(const TChessboardRegisterItem& key, std::uint16_t n,
                                    bool bDefence) const {
-  const TShard& shard = ShardOf(key);
+  const std::uint64_t hash = HashRegisterItem(key);
+  const TShard& shard = shards[ShardIndex(hash)];
   std::shared_lock lock(shard.mutex);
-  const auto found = shard.map.find(key);
-  return found == shard.map.end() ? kRegisterUnknown : found->second.Find(n, bDefence);
+  const CRegisterEntries* entries = shard.table.Find(key, hash);
+  return entries == nullptr ? kRegisterUnknown : entries->Find(n, bDefence);
 }
 
 TShardInsertion CRegisterShards::Insert(const TChessboardRegisterItem& key,
                                         const TRegisterInfo& info, bool bDefence, bool bPrune) {
-  TShard& shard = ShardOf(key);
+  const std::uint64_t hash = HashRegisterItem(key);
+  TShard& shard = shards[ShardIndex(hash)];
   std::unique_lock lock(shard.mutex);
-  auto [position, bNewKey] = shard.map.try_emplace(key);
-  CRegisterEntries& entries = position->second;
+  // A new key comes with no entries: the lookup cannot know it and the first Add cannot
+  // fail, so no empty key is ever left behind.
+  CRegisterEntries& entries = shard.table.FindOrAdd(key, hash);
   TShardInsertion result;
-  result.known = bNewKey ? kRegisterUnknown : entries.Find(info.nMoves, bDefence);
+  result.known = entries.Find(info.nMoves, bDefence);
   if (result.known != kRegisterUnknown) return result;
-  try {
-    result.bAdded = entries.Add(info);
-  } catch (...) {
-    if (entries.Empty()) shard.map.erase(position);
-    throw;
-  }
+  result.bAdded = entries.Add(info);
   if (!result.bAdded) return result;
   if ((info.nMoves & 1) != 0) {
     ++shard.nWhiteToMove;
@@ -45,12 +43,11 @@ std::uint64_t CRegisterShards::RemoveUpTo(std::uint16_t n) {
   std::uint64_t nRemoved = 0;
   for (TShard& shard : shards) {
     std::unique_lock lock(shard.mutex);
-    for (auto position = shard.map.begin(); position != shard.map.end();) {
-      const TErasedEntries erased = position->second.RemoveUpTo(n);
+    shard.table.UpdateAll([&](CRegisterEntries& entries) {
+      const TErasedEntries erased = entries.RemoveUpTo(n);
       nRemoved += erased.nAll;
       Uncount(shard, erased.nWhiteToMove);
-      position = position->second.Empty() ? shard.map.erase(position) : std::next(position);
-    }
+    });
   }
   return nRemoved;
 }
@@ -59,11 +56,11 @@ std::vector<std::uint64_t> CRegisterShards::CountByMoves(std::uint16_t nLast) co
   std::vector<std::uint64_t> counts(nLast + 1u, 0);
   for (const TShard& shard : shards) {
     std::shared_lock lock(shard.mutex);
-    for (const auto& [key, entries] : shard.map) {
+    shard.table.ForEach([&](const TChessboardRegisterItem&, const CRegisterEntries& entries) {
       for (const TRegisterInfo& info : entries) {
         if (info.nMoves <= nLast) ++counts[info.nMoves];
       }
-    }
+    });
   }
   return counts;
 }
@@ -72,13 +69,13 @@ void CRegisterShards::Clear() {
   for (TShard& shard : shards) {
     std::unique_lock lock(shard.mutex);
     Uncount(shard, shard.nWhiteToMove);
-    decltype(shard.map)().swap(shard.map);
+    shard.table.Clear();
   }
 }
 
 void CRegisterShards::Compact() {
   for (TShard& shard : shards) {
     std::unique_lock lock(shard.mutex);
-    shard.map.rehash(0);
+    shard.table.Compact();
   }
 }

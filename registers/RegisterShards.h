@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <mutex>
 #include <shared_mutex>
-#include <unordered_map>
 #include <vector>
 
 #include "registers/ChessboardRegisterItem.h"
 #include "registers/RegisterEntries.h"
+#include "registers/RegisterTable.h"
 
 // What an insertion under the key's lock found and did.
 struct TShardInsertion {
@@ -47,25 +47,20 @@ class CRegisterShards {
   void ForEach(Visitor visit) const {
     for (const TShard& shard : shards) {
       std::shared_lock lock(shard.mutex);
-      for (const auto& [key, entries] : shard.map) {
+      shard.table.ForEach([&](const TChessboardRegisterItem& key, const CRegisterEntries& entries) {
         for (const TRegisterInfo& info : entries) visit(key, info);
-      }
+      });
     }
   }
 
  private:
   struct alignas(64) TShard {
     mutable std::shared_mutex mutex;
-    std::unordered_map<TChessboardRegisterItem, CRegisterEntries, TChessboardRegisterItemHash> map;
+    CRegisterTable table;
     std::uint64_t nWhiteToMove = 0;  // this shard's share of the shared count
   };
 
-  TShard& ShardOf(const TChessboardRegisterItem& key) {
-    return shards[HashRegisterItem(key) >> (64 - kShardBits)];
-  }
-  const TShard& ShardOf(const TChessboardRegisterItem& key) const {
-    return shards[HashRegisterItem(key) >> (64 - kShardBits)];
-  }
+  static std::size_t ShardIndex(std::uint64_t hash) { return hash >> (64 - kShardBits); }
   void Uncount(TShard& shard, std::uint64_t nWhiteToMove);
 
   std::vector<TShard> shards;
