@@ -8,6 +8,8 @@ int main(int argc, char** argv) {
   AddPerftCommand(app);
   AddFenCommand(app);
   AddConfigCommand(app);
+  AddCheckCommand(app);
+  AddFormatCommand(app);
   AddBenchCommand(app);
   try {
     app.parse(argc, argv);

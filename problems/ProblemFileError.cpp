@@ -3,7 +3,7 @@
 #include <algorithm>
 
 std::string TFileError::Describe() const {
-  if (line == 0) return file + ": " + text;
+  if (line == 0) return text;  // such texts name the file themselves
   return file + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + text;
 }
 

@@ -29,7 +29,7 @@ struct TFileError {
   int column = 0;
   std::string text;
 
-  // "file:line:column: text", or "file: text" without a line.
+  // "file:line:column: text", or the text alone without a line (it names the file).
   std::string Describe() const;
   // The line (from 1) and column (from 1, counted in characters) of a byte offset.
   static TFileError At(const std::string& file, std::string_view source, std::size_t offset,

@@ -1,0 +1,51 @@
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/Commands.h"
+#include "problems/Collection.h"
+
+namespace {
+
+struct TCheckArguments {
+  std::vector<std::string> files;
+  bool bVerbose = false;
+};
+
+// One line per problem: id, stipulation, pieces, description.
+void PrintProblem(const TProblem& problem) {
+  const std::string stipulation =
+      problem.stipulation.type == TStipulation::kMoveLine ? "line" : problem.stipulation.Text();
+  std::printf("%6d  %-5s %2d  %s\n", problem.id, stipulation.c_str(), problem.PieceCount(),
+              problem.description.c_str());
+}
+
+bool CheckFile(const std::string& file, bool bVerbose) {
+  TProblemCollection collection;
+  TProblemCollection::TReadOptions options;
+  if (bVerbose) options.log = [](const std::string& line) { std::cerr << line; };
+  const auto error = collection.ReadFile(file, options);
+  for (const auto& [id, problem] : collection.Problems()) PrintProblem(*problem);
+  std::printf("%s: %zu problems read\n", file.c_str(), collection.Size());
+  std::fflush(stdout);
+  if (error) std::cerr << error->Describe() << "\n";
+  return !error;
+}
+
+}  // namespace
+
+// "longmate check FILE...": reads problem files and lists their problems or the first error.
+void AddCheckCommand(CLI::App& app) {
+  auto args = std::make_shared<TCheckArguments>();
+  CLI::App* command = app.add_subcommand("check", "Read problem files and list their problems");
+  command->add_option("files", args->files, "problem files (.cp)")->required();
+  command->add_flag("--verbose", args->bVerbose, "log every problem read to stderr");
+  command->callback([args] {
+    bool bAllGood = true;
+    for (const std::string& file : args->files)
+      bAllGood = CheckFile(file, args->bVerbose) && bAllGood;
+    if (!bAllGood) throw CommandExit{1};
+  });
+}
