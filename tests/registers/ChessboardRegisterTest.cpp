@@ -140,24 +140,6 @@ TEST(ChessboardRegister, PruningDropsRedundantEntriesAndCountsOnlyWhiteToMove) {
   }
 }
 
-TEST(ChessboardRegister, EntriesCarryMarkerHeuristicsAndAnswerByte) {
-  registertest::CTempFile file("fields");
-  TRegister reg(kRoomy);
-  const std::uint32_t heuristics = 0x80000204;
-  reg.Insert(7, Key(1), 0xFFFFFF01, &heuristics);
-  reg.InsertDefence(6, Key(2), 0);
-  reg.SaveSolvedPositions(file.path);
-  const auto records = registertest::ReadRecords(file.path);
-  ASSERT_EQ(records.size(), 2u);
-  for (const auto& record : records) {
-    const bool bFirst = record.key == Key(1);
-    EXPECT_EQ(record.info.nMoves, bFirst ? 7 : 6);
-    EXPECT_EQ(record.info.marker, 972);
-    EXPECT_EQ(record.info.heuristics, bFirst ? heuristics : 0u);
-    EXPECT_EQ(record.info.answer, bFirst ? 1u : 0u);
-  }
-}
-
 TEST(ChessboardRegister, ClearEmptiesTheStore) {
   TRegister reg(kRoomy);
   for (std::uint32_t i = 0; i < 50; ++i) reg.Insert(5, Key(i), i & 1);

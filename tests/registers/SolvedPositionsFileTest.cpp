@@ -31,13 +31,14 @@ TEST(SolvedPositionsFile, RecordsGoToTheOperationOfTheirParity) {
   EXPECT_EQ(reg.FindDefenceAnswer(4, Key(4)), 1);
   EXPECT_EQ(reg.GetElementsIn(), 2u);  // only White-to-move entries count
 
-  // The stored marker is replaced, the heuristics word kept.
+  // The stored marker is replaced, the heuristics word kept, the answer cut to its low byte.
   reg.SaveSolvedPositions(file.path);
   const auto saved = registertest::ReadRecords(file.path);
   ASSERT_EQ(saved.size(), 4u);
   for (const TRecord& record : saved) {
     EXPECT_EQ(record.info.marker, 972);
     EXPECT_EQ(record.info.heuristics, record.key == Key(1) ? 0x40u : 0u);
+    EXPECT_EQ(record.info.answer, record.key == Key(1) || record.key == Key(4) ? 1u : 0u);
   }
 }
 
