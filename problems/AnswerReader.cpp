@@ -13,17 +13,14 @@ namespace {
 enum class TSection { kNone, kAnswer, kSortedMoves, kSortedMovesOnly };
 
 TSection SectionOf(const TToken& token) {
-  if (token.kind != TTokenKind::kWord) return TSection::kNone;
-  const auto is = [&token](std::string_view name) { return text::EqualsNoCase(token.text, name); };
-  if (is("SOLUTION") || is("ANSWER") || is("A")) return TSection::kAnswer;
-  if (is("EXPECTEDSORTWHITEMOVES") || is("SWM")) return TSection::kSortedMoves;
-  if (is("EXPECTEDSORTWHITEMOVESONLY")) return TSection::kSortedMovesOnly;
+  if (token.IsWord({"SOLUTION", "ANSWER", "A"})) return TSection::kAnswer;
+  if (token.IsWord({"EXPECTEDSORTWHITEMOVES", "SWM"})) return TSection::kSortedMoves;
+  if (token.IsWord({"EXPECTEDSORTWHITEMOVESONLY"})) return TSection::kSortedMovesOnly;
   return TSection::kNone;
 }
 
 bool EndsList(const TToken& token) {
-  return token.IsSymbol('}') || SectionOf(token) != TSection::kNone ||
-         (token.kind == TTokenKind::kWord && text::EqualsNoCase(token.text, "MOVES"));
+  return token.IsSymbol('}') || SectionOf(token) != TSection::kNone || token.IsWord({"MOVES"});
 }
 
 bool IsSquareAt(std::string_view s, std::size_t at) {

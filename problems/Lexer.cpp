@@ -16,6 +16,25 @@ constexpr std::string_view kSortIndicationsMarker = "//@SortIndications:";
 
 }  // namespace
 
+bool TToken::IsWord(std::initializer_list<std::string_view> names) const {
+  if (kind != TTokenKind::kWord) return false;
+  for (std::string_view name : names) {
+    if (text::EqualsNoCase(text, name)) return true;
+  }
+  return false;
+}
+
+int NumberIn(const TToken& token, std::string_view digits, int min, int max) {
+  int value = 0;
+  if (!text::ReadNumber(digits, value)) {
+    FailAt(token.offset, "Number expected. Found: " + std::string(token.raw));
+  }
+  if (value < min || value > max) {
+    FailAt(token.offset, "Number out of range: " + std::string(token.raw));
+  }
+  return value;
+}
+
 TToken CLexer::Next() {
   if (bPeeked) {
     bPeeked = false;
@@ -45,6 +64,11 @@ TToken CLexer::NextWord() {
     FailAt(token.offset, "Alphanumeric identifier expected. Found: " + std::string(token.raw));
   }
   return token;
+}
+
+int CLexer::NextNumber(int min, int max) {
+  const TToken token = NextWord();
+  return NumberIn(token, token.text, min, max);
 }
 
 bool CLexer::Accept(char c) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 // Kinds of tokens of a problem file.
@@ -22,9 +23,15 @@ struct TToken {
   std::size_t offset = 0;
 
   bool IsSymbol(char c) const { return kind == TTokenKind::kSymbol && text.front() == c; }
+  // A word equal to one of the names, case ignored.
+  bool IsWord(std::initializer_list<std::string_view> names) const;
   bool IsDirective() const { return kind > TTokenKind::kSymbol; }
   std::size_t End() const { return offset + raw.size(); }
 };
+
+// The number that digits (a token's text or a part of it) stand for; throws
+// "Number expected. Found: " or "Number out of range: " with the token.
+int NumberIn(const TToken& token, std::string_view digits, int min, int max);
 
 // Splits the text of a problem file into tokens. Blanks separate tokens; comments are
 // skipped, except the directive comments ("//#", "//!", "//@SortIndications:"), which
@@ -40,6 +47,8 @@ class CLexer {
   TToken NextRequired();
   // Next, but "Alphanumeric identifier expected. Found: " for anything but a word.
   TToken NextWord();
+  // NextWord read as a number from min to max.
+  int NextNumber(int min, int max);
   // Consumes the next token when it is the symbol c.
   bool Accept(char c);
   // Raw text from here to the end of the line.

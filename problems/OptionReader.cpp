@@ -37,28 +37,15 @@ constexpr TFlagOption kGuiCheckOptions[] = {
     {"GUICHECKBESTDEFENCEANDAUX", option::kGuiCheck},
 };
 
-int NumberIn(const TToken& token, std::string_view digits, int max) {
-  int value = 0;
-  if (!text::ReadNumber(digits, value)) {
-    FailAt(token.offset, "Number expected. Found: " + std::string(token.raw));
-  }
-  if (value > max) FailAt(token.offset, "Number out of range: " + std::string(token.raw));
-  return value;
-}
-
-int NextNumber(CLexer& lexer, int max) {
-  const TToken token = lexer.NextWord();
-  return NumberIn(token, token.text, max);
-}
-
 // "n" or "n^m": threads, and threads of the second level.
 void ReadThreads(CLexer& lexer, TProblem& problem) {
   const TToken token = lexer.NextWord();
   const std::size_t caret = token.text.find('^');
-  problem.nThreads = static_cast<std::uint8_t>(NumberIn(token, token.text.substr(0, caret), 254));
+  problem.nThreads =
+      static_cast<std::uint8_t>(NumberIn(token, token.text.substr(0, caret), 0, 254));
   if (caret != std::string_view::npos) {
     problem.nSecondLevelThreads =
-        static_cast<std::uint8_t>(NumberIn(token, token.text.substr(caret + 1), 255));
+        static_cast<std::uint8_t>(NumberIn(token, token.text.substr(caret + 1), 0, 255));
   }
 }
 
@@ -85,7 +72,7 @@ void ReadHeuristic(CLexer& lexer, TProblem& problem, int index, const TToken& na
   const TToken next = lexer.NextRequired();
   if (next.IsSymbol('(')) {
     problem.heuristicSettings[index] = ReadParameterWords(lexer);
-  } else if (next.kind == TTokenKind::kWord && text::EqualsNoCase(next.text, "OFF")) {
+  } else if (next.IsWord({"OFF"})) {
     problem.heuristicSettings[index] = {"OFF"};
   } else {
     FailAt(next.offset, "Unexpected lexem after " + std::string(name.text) + ": " +
@@ -113,7 +100,7 @@ bool ReadValueOption(CLexer& lexer, TProblem& problem, std::string_view word) {
     // The level may be left out: the writer leaves out level 1.
     const TToken level = lexer.Peek();
     if (level.kind == TTokenKind::kWord && text::IsDigit(level.text.front())) {
-      problem.guiCheckLevel = std::max(1, NextNumber(lexer, 1000000));
+      problem.guiCheckLevel = std::max(1, lexer.NextNumber(0, 1000000));
     }
     return true;
   }
@@ -121,11 +108,11 @@ bool ReadValueOption(CLexer& lexer, TProblem& problem, std::string_view word) {
   if (is("THREADS")) {
     ReadThreads(lexer, problem);
   } else if (is("SCHEDULERLEVELS")) {
-    problem.nSchedulerLevels = static_cast<std::uint8_t>(NextNumber(lexer, 255));
+    problem.nSchedulerLevels = static_cast<std::uint8_t>(lexer.NextNumber(0, 255));
   } else if (is("GLOBREGMB")) {
-    problem.nGlobalRegisterMegabytes = NextNumber(lexer, 1 << 30);
+    problem.nGlobalRegisterMegabytes = lexer.NextNumber(0, 1 << 30);
   } else if (is("LICHESSLEVELS")) {
-    problem.nLichessLevels = NextNumber(lexer, 1 << 30);
+    problem.nLichessLevels = lexer.NextNumber(0, 1 << 30);
   } else if (is("REQUIRES") || is("ONLYIFAVAIL")) {
     problem.requiredResources.emplace(lexer.NextWord().text);
   } else if (is("ALLSOLUTIONSREQUIRES")) {

@@ -10,14 +10,6 @@
 namespace positionreader {
 namespace {
 
-bool IsOneOf(const TToken& token, std::initializer_list<std::string_view> names) {
-  if (token.kind != TTokenKind::kWord) return false;
-  for (std::string_view name : names) {
-    if (text::EqualsNoCase(token.text, name)) return true;
-  }
-  return false;
-}
-
 void ExpectColon(CLexer& lexer, const char* error) {
   const TToken token = lexer.NextRequired();
   if (!token.IsSymbol(':')) FailAt(token.offset, error);
@@ -71,7 +63,7 @@ void ReadPieceLists(CLexer& lexer, TChessboard& board) {
   ExpectColon(lexer, "Colon ':' expected after white figures identifier.");
   ReadPieces(lexer, board, true);
   const TToken black = lexer.NextRequired();
-  if (!IsOneOf(black, {"B", "BL", "BLACK"})) {
+  if (!black.IsWord({"B", "BL", "BLACK"})) {
     FailAt(black.offset, "Black figures identifier expected (B, BL or BLACK).");
   }
   ExpectColon(lexer, "Colon expected after black figures identifier.");
@@ -89,9 +81,9 @@ void Read(CLexer& lexer, TProblem& problem) {
   TChessboard board;
   ClearChessboard(board);
   const TToken token = lexer.NextRequired();
-  if (IsOneOf(token, {"FEN"})) {
+  if (token.IsWord({"FEN"})) {
     ReadFen(lexer, board);
-  } else if (IsOneOf(token, {"W", "WH", "WHITE"})) {
+  } else if (token.IsWord({"W", "WH", "WHITE"})) {
     ReadPieceLists(lexer, board);
   } else {
     FailAt(token.offset, "White figures identifier expected (W, WH or WHITE).");

@@ -11,8 +11,8 @@ TFileError TFileError::At(const std::string& file, std::string_view source, std:
                           const std::string& text) {
   offset = std::min(offset, source.size());
   const std::string_view before = source.substr(0, offset);
-  const std::size_t lineStart =
-      before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
+  const std::size_t lastBreak = before.rfind('\n');
+  const std::size_t lineStart = lastBreak == std::string_view::npos ? 0 : lastBreak + 1;
   TFileError error{file, 1, 1, text};
   error.line += static_cast<int>(std::count(before.begin(), before.end(), '\n'));
   // UTF-8 continuation bytes do not start a character.

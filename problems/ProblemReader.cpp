@@ -14,21 +14,6 @@ namespace {
 // Longer mates do not fit the ply values below the "no stipulation" mark.
 constexpr int kMaxStipulationMoves = 126;
 
-bool IsWord(const TToken& token, std::string_view name) {
-  return token.kind == TTokenKind::kWord && text::EqualsNoCase(token.text, name);
-}
-
-int ReadNumber(const TToken& token, int min, int max) {
-  int value = 0;
-  if (!text::ReadNumber(token.text, value)) {
-    FailAt(token.offset, "Number expected. Found: " + std::string(token.raw));
-  }
-  if (value < min || value > max) {
-    FailAt(token.offset, "Number out of range: " + std::string(token.raw));
-  }
-  return value;
-}
-
 // Where the first move after the first nMade moves of a numbered sequence stands, or
 // npos: the move-sequence reader stops silently at a refused move, and a line cut short
 // would be lost when the file is written again.
@@ -65,22 +50,22 @@ std::unique_ptr<TProblem> CProblemReader::Read() {
 
 void CProblemReader::ReadHeader(TProblem& problem) {
   const TToken id = lexer.NextWord();
-  problem.id = ReadNumber(id, 0, 0x7FFFFFFF);
+  problem.id = NumberIn(id, id.text, 0, 0x7FFFFFFF);
   // Directives belong to the header from here on up to the body.
   lexer.SetDirectivesWanted(true);
   TStipulation stipulation = TStipulation::MoveLine();
   const TToken next = lexer.Peek();
   if (next.IsSymbol('#')) {
     lexer.Next();
-    stipulation = TStipulation::DirectMate(ReadNumber(lexer.NextWord(), 1, kMaxStipulationMoves));
-  } else if (IsWord(next, "s")) {
+    stipulation = TStipulation::DirectMate(lexer.NextNumber(1, kMaxStipulationMoves));
+  } else if (next.IsWord({"s"})) {
     lexer.Next();
     const TToken hash = lexer.NextRequired();
     if (!hash.IsSymbol('#')) {
       FailAt(next.offset, "Opening bracket expected { or unrecognized option encountered: " +
                               std::string(next.text));
     }
-    stipulation = TStipulation::Selfmate(ReadNumber(lexer.NextWord(), 1, kMaxStipulationMoves));
+    stipulation = TStipulation::Selfmate(lexer.NextNumber(1, kMaxStipulationMoves));
   }
   problem.SetStipulation(stipulation);
   try {
@@ -91,7 +76,7 @@ void CProblemReader::ReadHeader(TProblem& problem) {
 }
 
 void CProblemReader::ReadBody(TProblem& problem) {
-  if (IsWord(lexer.Peek(), "DESC") || IsWord(lexer.Peek(), "DESCRIPTION")) {
+  if (lexer.Peek().IsWord({"DESC", "DESCRIPTION"})) {
     lexer.Next();
     const TToken colon = lexer.NextRequired();
     if (!colon.IsSymbol(':')) {
@@ -103,7 +88,7 @@ void CProblemReader::ReadBody(TProblem& problem) {
   for (;;) {
     const TToken token = lexer.NextRequired();
     if (token.IsSymbol('}')) return;
-    if (IsWord(token, "MOVES")) {
+    if (token.IsWord({"MOVES"})) {
       ReadMoveLine(problem);
     } else if (answerreader::IsSectionKeyword(token)) {
       answerreader::ReadSection(lexer, problem, token);
