@@ -52,9 +52,6 @@ TBoardTables Build() {
 
 }  // namespace
 
-const TBoardTables& Get() {
-  static const TBoardTables instance = Build();
-  return instance;
-}
+const TBoardTables gBoardTables = Build();
 
 }  // namespace tables

@@ -25,6 +25,8 @@ struct TBoardTables {
   std::int8_t direction[64][64];  // direction from the first square to the second, or -1
 };
 
-const TBoardTables& Get();
+// Built before main runs; nothing reads it during static initialisation.
+extern const TBoardTables gBoardTables;
+inline const TBoardTables& Get() { return gBoardTables; }
 
 }  // namespace tables

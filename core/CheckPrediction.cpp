@@ -54,3 +54,64 @@ bool MayGiveCheck(const TChessboard& board, TMove m) {
 }
 
 }  // namespace attacks
+
+namespace attacks {
+
+CCheckFilter::CCheckFilter(const TChessboard& position) : board(position) {
+  const bool bWhite = board.IsWhiteToMove();
+  const PieceCode own = bWhite ? piece::kWhite : piece::kBlack;
+  enemyKing = bWhite ? board.BlackKing() : board.WhiteKing();
+  const auto& t = tables::Get();
+  for (int i = 0; i < t.knightTargets[enemyKing].n; ++i)
+    knightSquares |= 1ULL << t.knightTargets[enemyKing].squares[i];
+  // A pawn of the mover checks from the squares diagonally in front of the king (seen from the pawn).
+  const int file = square::File(enemyKing);
+  const int behind = enemyKing + (bWhite ? -8 : 8);
+  if (behind >= 0 && behind < 64) {
+    if (file > 0) pawnSquares |= 1ULL << (behind - 1);
+    if (file < 7) pawnSquares |= 1ULL << (behind + 1);
+  }
+  for (int d = 0; d < 8; ++d) {
+    const tables::TSquareList& ray = t.rays[enemyKing][d];
+    std::uint64_t& lines = d < 4 ? straightSquares : diagonalSquares;
+    int i = 0;
+    for (; i < ray.n; ++i) {
+      lines |= 1ULL << ray.squares[i];
+      if (board.squares[ray.squares[i]] != piece::kEmpty) break;
+    }
+    if (i >= ray.n || !(board.squares[ray.squares[i]] & own)) continue;
+    const SquareIndex screen = ray.squares[i];
+    for (++i; i < ray.n; ++i) {
+      const PieceCode p = board.squares[ray.squares[i]];
+      if (p == piece::kEmpty) continue;
+      if ((p & own) && (p & tables::DirectionBit(d))) {
+        uncoverers |= 1ULL << screen;
+        uncoverDirection[screen] = static_cast<std::int8_t>(d);
+      }
+      break;
+    }
+  }
+}
+
+bool CCheckFilter::MayGiveCheck(TMove m) const {
+  const PieceCode p = board.squares[m.from];
+  const PieceCode type = piece::TypeOf(p);
+  // Promotions may open their own file behind them; castling and en passant move two pieces.
+  if (m.promotion != 0 || (type == piece::kKing && (m.to - m.from == 2 || m.from - m.to == 2)) ||
+      (type == piece::kPawn && square::File(m.from) != square::File(m.to) &&
+       board.squares[m.to] == piece::kEmpty))
+    return attacks::MayGiveCheck(board, m);
+  if (((uncoverers >> m.from) & 1) && tables::Get().direction[enemyKing][m.to] != uncoverDirection[m.from])
+    return true;
+  const std::uint64_t to = 1ULL << m.to;
+  switch (type) {
+    case piece::kKnight: return (knightSquares & to) != 0;
+    case piece::kPawn: return (pawnSquares & to) != 0;
+    case piece::kRook: return (straightSquares & to) != 0;
+    case piece::kBishop: return (diagonalSquares & to) != 0;
+    case piece::kQueen: return ((straightSquares | diagonalSquares) & to) != 0;
+    default: return false;
+  }
+}
+
+}  // namespace attacks

@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+
 #include "core/Chessboard.h"
 #include "core/Move.h"
 
@@ -8,5 +10,21 @@ namespace attacks {
 // Exact for ordinary moves and promotions; castling and en passant answer true (the caller
 // makes the move and reads the check value), so a false answer is always safe to skip.
 bool MayGiveCheck(const TChessboard& board, TMove move);
+
+// The same answer for many moves of one position: the squares from which each kind of
+// piece would check, and the pieces whose departure would uncover a check, are worked
+// out once.
+class CCheckFilter {
+ public:
+  explicit CCheckFilter(const TChessboard& board);
+  bool MayGiveCheck(TMove move) const;
+
+ private:
+  const TChessboard& board;
+  SquareIndex enemyKing;
+  std::uint64_t knightSquares = 0, pawnSquares = 0, straightSquares = 0, diagonalSquares = 0;
+  std::uint64_t uncoverers = 0;               // own pieces that alone screen a slider's check
+  std::int8_t uncoverDirection[64] = {};      // the king's direction to each of them
+};
 
 }  // namespace attacks

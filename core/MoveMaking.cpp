@@ -5,10 +5,16 @@
 #include "core/MoveGeneration.h"
 #include "core/WhiteMaterial.h"
 
+#include <cstring>
 #include <utility>
 
 namespace movemaking {
 namespace {
+
+bool IsCastling(const TChessboard& board, TMove m) {
+  const int step = m.to - m.from;
+  return piece::TypeOf(board.squares[m.from]) == piece::kKing && (step == 2 || step == -2);
+}
 
 // Adds delta to the count of a piece type (kings are not counted).
 void AdjustCount(TChessboard& b, PieceCode type, bool bBlack, int delta) {
@@ -170,13 +176,38 @@ bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode) {
   return false;
 }
 
+namespace {
+
+// A king step is legal when the target is not attacked once the king has left its square
+// (a slider's ray then runs on through it).
+bool HasLegalKingStep(const TChessboard& board, bool bWhite) {
+  const SquareIndex king = bWhite ? board.WhiteKing() : board.BlackKing();
+  const auto& t = tables::Get();
+  const tables::TSquareList& steps = bWhite ? t.whiteKingSteps[king] : t.blackKingSteps[king];
+  const PieceCode own = bWhite ? piece::kWhite : piece::kBlack;
+  const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
+  PieceCode squares[64];
+  std::memcpy(squares, board.squares, sizeof squares);
+  squares[king] = piece::kEmpty;
+  for (int i = 0; i < steps.n; ++i)
+    if (!(squares[steps.squares[i]] & own) && !attacks::IsAttacked(squares, steps.squares[i], enemy))
+      return true;
+  return false;
+}
+
+}  // namespace
+
 bool HasLegalMove(const TChessboard& board) {
-  // Works at ply 0 too (mate detection at the horizon): the trial moves go to a scratch copy.
+  // Works at ply 0 too (mate detection at the horizon): trial moves go to a scratch copy.
+  const bool bWhite = board.IsWhiteToMove();
+  if (HasLegalKingStep(board, bWhite)) return true;
+  if ((bWhite ? board.whiteKingCheck : board.blackKingCheck) == kDoubleCheck) return false;
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateEvasions(board, moves);
-  const bool bWhite = board.IsWhiteToMove();
+  const SquareIndex king = bWhite ? board.WhiteKing() : board.BlackKing();
   TChessboard scratch;
   for (int i = 0; i < n; ++i) {
+    if (moves[i].from == king && !IsCastling(board, moves[i])) continue;  // steps were tried above
     scratch = board;
     scratch.parent = &board;
     if ((bWhite ? MakeWhiteMove(scratch, moves[i]) : MakeBlackMove(scratch, moves[i])) > 0) return true;

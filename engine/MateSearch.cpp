@@ -12,12 +12,14 @@
 namespace {
 // Below this many plies a lookup costs more than the search it saves.
 constexpr std::uint16_t kMinRegisterPlies = 3;
+constexpr std::uint16_t kMinBlackRegisterPlies = 4;
 }  // namespace
 
 CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
     : context(searchContext),
       line(rootPlies + 1u),
       whiteChildren((rootPlies / 2 + 1u) * kMoveBufferSize),
+      whiteOrder((rootPlies / 2 + 1u) * kMoveBufferSize),
       repetitionMarks(rootPlies + 1u, 0),
       whiteKillers(rootPlies + 1u),
       blackKillers(rootPlies + 1u) {}
@@ -26,9 +28,12 @@ MateResult CMateSearch::FindMate(const TChessboard& board) {
   return board.IsWhiteToMove() ? WhiteNode(board) : BlackNode(board);
 }
 
-int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& children) {
-  children = &whiteChildren[(board.ply / 2) * kMoveBufferSize];
-  return ordering::MakeOrderedWhiteChildren(board, children, whiteKillers[board.ply]);
+int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& children,
+                                      const std::uint8_t*& order) {
+  const size_t slot = (board.ply / 2) * kMoveBufferSize;
+  children = &whiteChildren[slot];
+  order = &whiteOrder[slot];
+  return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot], whiteKillers[board.ply]);
 }
 
 bool CMateSearch::UsesRegister(const TChessboard& board) const {
@@ -42,6 +47,11 @@ void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
 }
 
+void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
+  if (context.IsStopping() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
+  context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
+}
+
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
   if (UsesRegister(board)) {
@@ -50,11 +60,12 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     if (known == 0) return mate::kNoMate;
   }
   TChessboard* children;
-  const int n = OrderedWhiteChildren(board, children);
+  const std::uint8_t* order;
+  const int n = OrderedWhiteChildren(board, children, order);
   std::uint16_t mark = 0;
   bool bDoubtful = false;
   for (int i = 0; i < n; ++i) {
-    const TChessboard& child = children[i];
+    const TChessboard& child = children[order[i]];
     CountPosition();
     const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
     if (repeated != 0) {
@@ -93,6 +104,17 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
     return mate::kDoubtful;
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
+  if (board.ply >= kMinBlackRegisterPlies && UsesRegister(board)) {
+    const std::uint8_t bDefence = context.pRegister->FindDefenceAnswer(board.ply, registerkey::Build(board));
+    if (bDefence == 0) return mate::kMate;
+    if (bDefence == 1) return mate::kNoMate;
+  }
+  const MateResult result = SearchBlackReplies(board);
+  if (result == mate::kMate || result == mate::kNoMate) FileDefence(board, result == mate::kMate ? 0 : 1);
+  return result;
+}
+
+MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
                                        : movegen::GenerateAllMoves(board, moves);
@@ -141,8 +163,9 @@ bool CMateSearch::MateInOne(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateAllMoves(board, moves);
   TChessboard& child = line[board.ply];
+  const attacks::CCheckFilter checks(board);
   for (int i = 0; i < n; ++i) {
-    if (!attacks::MayGiveCheck(board, moves[i])) continue;
+    if (!checks.MayGiveCheck(moves[i])) continue;
     child = board;
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;

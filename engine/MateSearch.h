@@ -30,19 +30,23 @@ class CMateSearch {
   std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
   // Legal positions made so far (read by the progress display from other threads).
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
-  // Ordered legal White successors of board in this thread's buffer for its ply.
-  int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children);
+  // Legal White successors of board in this thread's buffer for its ply, with the order
+  // in which to search them.
+  int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children, const std::uint8_t*& order);
 
  private:
   bool MateInOne(const TChessboard& board);
+  MateResult SearchBlackReplies(const TChessboard& board);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   void CountPosition() { nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
+  void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
 
   SearchContext& context;
   std::vector<TChessboard> line;           // Black's successors: line[ply]
-  std::vector<TChessboard> whiteChildren;  // White's ordered successors, kMoveBufferSize per ply
+  std::vector<TChessboard> whiteChildren;  // White's successors, kMoveBufferSize per ply
+  std::vector<std::uint8_t> whiteOrder;    // their search order, kMoveBufferSize per ply
   std::vector<std::uint16_t> repetitionMarks;
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};

@@ -1,35 +1,36 @@
 #include "engine/MoveOrdering.h"
 
-#include <algorithm>
-
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 
 namespace ordering {
+namespace {
+constexpr int kGroups = 4;  // killer, checks, captures and promotions, the rest
+}
 
-int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMove killer) {
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+                             TMove killer) {
   TMove moves[kMoveBufferSize];
   const int nMoves = movegen::GenerateAllMoves(board, moves);
-  struct TScored {
-    int score;
-    int index;
-  } scored[kMoveBufferSize];
-  TChessboard made[kMoveBufferSize];
+  std::uint8_t groupOf[kMoveBufferSize];
+  int nInGroup[kGroups] = {};
   int n = 0;
   for (int i = 0; i < nMoves; ++i) {
-    TChessboard& child = made[n];
+    TChessboard& child = children[n];
     child = board;
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
-    int score = 0;
-    if (child.IsBlackInCheck()) score = 4;
-    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0) score = 2;
-    if (moves[i].SameMove(killer)) score = 8;
-    scored[n] = {score, n};
-    ++n;
+    int group = 3;
+    if (moves[i].SameMove(killer)) group = 0;
+    else if (child.IsBlackInCheck()) group = 1;
+    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0) group = 2;
+    groupOf[n++] = static_cast<std::uint8_t>(group);
+    ++nInGroup[group];
   }
-  std::stable_sort(scored, scored + n, [](const TScored& a, const TScored& b) { return a.score > b.score; });
-  for (int i = 0; i < n; ++i) children[i] = made[scored[i].index];
+  // A counting sort keeps generation order within each group.
+  int start[kGroups] = {0};
+  for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
+  for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<std::uint8_t>(i);
   return n;
 }
 

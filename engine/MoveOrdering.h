@@ -7,8 +7,10 @@
 namespace ordering {
 
 // Makes every legal White move of board into children (linked to board) and returns their
-// count, ordered so that proofs come early: the killer first, then checks, then captures
-// and promotions, then the rest; generation order within each group.
-int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMove killer);
+// count; order receives the indexes of the children in the order to search them, so that
+// proofs come early: the killer first, then checks, then captures and promotions, then the
+// rest, generation order within each group.
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+                             TMove killer);
 
 }  // namespace ordering

@@ -7,8 +7,11 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
     : context(searchContext), root(rootBoard) {
   for (int i = 0; i < std::max(1, nThreads); ++i)
     searches.push_back(std::make_unique<CMateSearch>(context, root.ply));
-  const int n = searches[0]->OrderedWhiteChildren(root, children);
-  for (int i = 0; i < n; ++i) firstMoves.push_back(children[i].lastMove);
+  TChessboard* made;
+  const std::uint8_t* order;
+  const int n = searches[0]->OrderedWhiteChildren(root, made, order);
+  for (int i = 0; i < n; ++i) children.push_back(made[order[i]]);
+  for (const TChessboard& child : children) firstMoves.push_back(child.lastMove);
   results.assign(n, mate::kNoMate);
 }
 

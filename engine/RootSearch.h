@@ -37,7 +37,7 @@ class CRootSearch {
   SearchContext& context;
   const TChessboard& root;
   std::vector<std::unique_ptr<CMateSearch>> searches;
-  TChessboard* children = nullptr;
+  std::vector<TChessboard> children;  // the first moves made, in search order
   std::vector<TMove> firstMoves;
   std::vector<MateResult> results;
   std::atomic<int> nNextMove{0};
