@@ -44,7 +44,10 @@ std::optional<TFileError> TProblemCollection::ReadFile(const std::string& path,
     if (auto failure = WriteNewFile(path)) return TFileError{path, 0, 0, *failure};
   }
   std::ifstream file(path, std::ios::binary);
-  if (!file) return TFileError{path, 0, 0, "Error opening file: " + path};
+  // A folder opens like a file on some systems but has no text to read.
+  if (!file || std::filesystem::is_directory(path, error)) {
+    return TFileError{path, 0, 0, "Error opening file: " + path};
+  }
   std::ostringstream content;
   content << file.rdbuf();
   return ReadText(content.str(), path, options.log);

@@ -133,6 +133,8 @@ TEST_F(CollectionFiles, MissingFileIsReportedWithItsPath) {
   ASSERT_TRUE(error);
   EXPECT_EQ(error->text, "Error opening file: " + path);
   EXPECT_EQ(error->line, 0);
+  EXPECT_EQ(collection.ReadFile(folder.string(), {})->text,
+            "Error opening file: " + folder.string());
 }
 
 TEST_F(CollectionFiles, WrittenFileReadsBackTheSameText) {
