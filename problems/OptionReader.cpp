@@ -28,7 +28,7 @@ constexpr TFlagOption kFlagOptions[] = {
     {"SAFEMODE", option::kSafeMode},
     {"REQUIRESSYZYGY", option::kRequiresSyzygy},
     {"ALLSOLUTIONSREQUIRESSYZYGY", option::kAllSolutionsRequiresSyzygy},
-    {"STOPRELAXHEURISTICSONFIRSTSOLUTION", 0},
+    {"STOPRELAXHEURISTICSONFIRSTSOLUTION", 0},  // no bit: bStopRelaxingOnFirstSolution
 };
 
 constexpr TFlagOption kGuiCheckOptions[] = {
