@@ -1,0 +1,268 @@
+#include "app/SolvingSession.h"
+
+#include <algorithm>
+
+#include "app/ConsoleProgress.h"
+#include "app/GuiLog.h"
+#include "app/ProgramState.h"
+#include "app/SolverRun.h"
+#include "app/SolvingPlan.h"
+#include "app/SolvingRegistry.h"
+#include "app/SolvingReports.h"
+#include "app/platform/Machine.h"
+#include "core/ChessException.h"
+#include "core/Fen.h"
+#include "core/Notation.h"
+#include "engine/MateSolver.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// How often the solving thread reports the progress of a pass.
+constexpr std::chrono::milliseconds kProgressInterval{250};
+// The waiter of a console solve wakes this often.
+constexpr std::chrono::seconds kWaitSlice{1};
+// The engine's pass without heuristics, in which an open repetition is no mate.
+constexpr std::uint8_t kPassWithoutHeuristics = 2;
+
+std::int64_t MillisecondsSince(Clock::time_point start) {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
+}
+
+std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
+  return std::make_unique<TChessboardRegister<bool>>(
+      TChessboardRegister<bool>::MaxElementsForPercent(platform::TotalPhysicalMemoryBytes(),
+                                                       settings.nMaxMemRatioForTempReg));
+}
+
+}  // namespace
+
+CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sessionCallbacks)
+    : settings(options),
+      callbacks(std::move(sessionCallbacks)),
+      defaultThreads(DefaultThreadSettings(platform::PhysicalCoreCount(),
+                                           platform::LogicalProcessorCount(),
+                                           options.nMultithreadingLevels)),
+      sGuiLogPath(GetProgramState().guiLogPath.string()),
+      tempRegister(MakeTempRegister(options)) {}
+
+CSolvingSession::~CSolvingSession() {
+  Stop();
+  JoinThread();
+}
+
+std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
+  const int nLanguageId = settings.nLanguageId;
+  if (bRunning.load()) return AlreadySolvingText(nLanguageId);
+  JoinThread();
+  const TProblem& problem = *order.pProblem;
+  if (problem.stipulation.type != TStipulation::kDirectMate)
+    return OnlyDirectMatesText(nLanguageId);
+  try {
+    fen::CheckStartPosition(problem.start);
+  } catch (const ChessException& error) {
+    return error.what();
+  }
+  if (order.bFindAll && GetSolvingRegistry().Contains(std::to_string(problem.id)))
+    return TooManySolvesText(nLanguageId);
+
+  TThreadSettings threads = order.threads.value_or(defaultThreads);
+  const auto forced = ForcedThreadSettings(problem, threads);
+  if (forced && callbacks.askForcedThreads &&
+      callbacks.askForcedThreads(*forced, ForcedThreadsQuestion(nLanguageId, forced->nThreads)))
+    threads = *forced;
+  requests = PlanSolvingPasses(problem, {.solvingMode = SolvingModeOf(problem, order.bFindAll),
+                                         .threads = threads,
+                                         .bQuickMode = settings.bQuickMode,
+                                         .bMirrorSwitch = order.bMirrorSwitch});
+  if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+  {
+    const std::lock_guard lock(controlMutex);
+    bStopRequested = false;
+    pauseState = EPauseState::Running;
+  }
+  bRunning.store(true);
+  solvingThread = std::thread(&CSolvingSession::RunPasses, this);
+  return std::nullopt;
+}
+
+void CSolvingSession::RunPasses() {
+  for (const auto& request : requests) {
+    bool bStopRequestedNow = false;
+    {
+      const std::lock_guard lock(controlMutex);
+      bStopRequestedNow = bStopRequested;
+    }
+    if (!bStopRequestedNow) {
+      RunPass(*request);
+      ReportPassEnd(*request);
+    }
+    request->MarkDone();
+  }
+  bRunning.store(false);
+  if (callbacks.onSolveFinished) callbacks.onSolveFinished();
+}
+
+void CSolvingSession::RunPass(SolvingRequest& request) {
+  const auto start = Clock::now();
+  request.result.bRun = true;
+  SolvingRegistry& registry = GetSolvingRegistry();
+  registry.Add(request.RegistryName(), static_cast<int>(request.threads.nThreads));
+  try {
+    CMateSolver::TSettings solverSettings{static_cast<int>(request.threads.nThreads),
+                                          MaxSolutions(request.solvingMode), kPassWithoutHeuristics,
+                                          tempRegister.get()};
+    SetSolverLevels(solverSettings, request.threads.nLevels);
+    CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
+    const TRootOutcome outcome = Supervise(solver, request, start);
+    FillResult(request, outcome, solver.WasStopped());
+  } catch (const std::exception& error) {
+    request.result.sError = error.what();
+  }
+  request.result.nElapsedMs = MillisecondsSince(start);
+  registry.Remove(request.RegistryName());
+}
+
+TRootOutcome CSolvingSession::Supervise(CMateSolver& solver, const SolvingRequest& request,
+                                        Clock::time_point start) {
+  SetActiveSolver(&solver);
+  try {
+    CSolverRun run(solver);
+    do {
+      if (callbacks.onProgress) callbacks.onProgress(Snapshot(solver, request, start));
+    } while (!run.WaitFor(kProgressInterval));
+    TRootOutcome outcome = run.TakeOutcome();
+    SetActiveSolver(nullptr);
+    return outcome;
+  } catch (...) {
+    SetActiveSolver(nullptr);
+    throw;
+  }
+}
+
+TPassProgress CSolvingSession::Snapshot(const CMateSolver& solver, const SolvingRequest& request,
+                                        Clock::time_point start) const {
+  TPassProgress progress;
+  progress.sLabel = request.Label();
+  progress.nMirrorPass = request.nMirrorPass;
+  progress.nMoves = request.pProblem->stipulation.Moves();
+  progress.nThreads = request.threads.nThreads;
+  progress.bSafeModeShown = settings.bQuickMode && request.bSafeMode;
+  progress.nPositions = solver.Positions();
+  progress.dShareDone = solver.Progress();
+  progress.nElapsedSeconds = MillisecondsSince(start) / 1000;
+  const std::vector<TMove>& firstMoves = solver.Root().FirstMoves();
+  progress.nFirstMoves = static_cast<int>(firstMoves.size());
+  if (!firstMoves.empty()) {
+    progress.nCurrentMove =
+        std::clamp(solver.Root().CurrentMoveIndex(), 0, progress.nFirstMoves - 1);
+    progress.sCurrentMove = notation::MoveToText(request.board, firstMoves[progress.nCurrentMove]);
+  }
+  const std::lock_guard lock(controlMutex);
+  progress.bPaused = pauseState != EPauseState::Running;
+  return progress;
+}
+
+void CSolvingSession::FillResult(SolvingRequest& request, const TRootOutcome& outcome,
+                                 bool bStopped) const {
+  TSolvingResult& result = request.result;
+  result.nResultCode = outcome.result;
+  result.bStopped = bStopped;
+  result.keys = outcome.keys;
+  for (TMove key : outcome.keys)
+    result.keyTexts.push_back(notation::MoveToText(request.board, key));
+  result.nSolutions = static_cast<int>(outcome.keys.size());
+  if (!outcome.keys.empty())
+    result.nMove = static_cast<std::uint16_t>(outcome.keys[0].from | outcome.keys[0].to << 8);
+  result.nPositions = outcome.nPositions;
+}
+
+void CSolvingSession::ReportPassEnd(const SolvingRequest& request) const {
+  const std::string label = request.Label();
+  if (!sGuiLogPath.empty())
+    AppendTimedLogLine(sGuiLogPath,
+                       EngineEndText(settings.nLanguageId, label, request.result.bStopped));
+  if (!callbacks.onPassFinished) return;
+  callbacks.onPassFinished({label, request.nMirrorPass, request.result,
+                            CompletionReport(settings.nLanguageId, label, request.result)});
+}
+
+EWaitOutcome CSolvingSession::Wait(const TWaitSettings& waitSettings) {
+  const auto start = Clock::now();
+  CConsoleProgress progress(waitSettings.progressStream);
+  for (std::size_t i = 0; i < requests.size() && solvingThread.joinable();) {
+    SolvingRequest& request = *requests[i];
+    if (request.WaitDone(Clock::now() + kWaitSlice)) {
+      ++i;
+      continue;
+    }
+    if (!waitSettings.bQuiet) progress.Tick(request.pProblem->id, request.nMirrorPass);
+    if (waitSettings.nTimeLimitSeconds != kNoTimeLimit &&
+        MillisecondsSince(start) > waitSettings.nTimeLimitSeconds * std::int64_t{1000}) {
+      Stop();
+      JoinThread();
+      MarkTimedOut(request);
+      return EWaitOutcome::TimedOut;
+    }
+  }
+  JoinThread();
+  return EWaitOutcome::Finished;
+}
+
+void CSolvingSession::MarkTimedOut(SolvingRequest& request) {
+  request.result.nResultCode = kTimedOutResultCode;
+  request.result.nMove = kNoMoveField;
+}
+
+void CSolvingSession::JoinThread() {
+  if (solvingThread.joinable() && solvingThread.get_id() != std::this_thread::get_id())
+    solvingThread.join();
+}
+
+void CSolvingSession::SetActiveSolver(CMateSolver* solver) {
+  const std::lock_guard lock(controlMutex);
+  activeSolver = solver;
+  if (!solver) return;
+  if (bStopRequested)
+    solver->Stop();
+  else if (pauseState == EPauseState::AllPaused)
+    solver->Pause();
+  else if (pauseState == EPauseState::OnePaused)
+    PauseOneSolverThread(*solver);
+}
+
+void CSolvingSession::Stop() {
+  const std::lock_guard lock(controlMutex);
+  bStopRequested = true;
+  if (activeSolver) activeSolver->Stop();
+}
+
+void CSolvingSession::PauseAll() {
+  const std::lock_guard lock(controlMutex);
+  pauseState = EPauseState::AllPaused;
+  if (activeSolver) activeSolver->Pause();
+}
+
+bool CSolvingSession::PauseOneThread() {
+  const std::lock_guard lock(controlMutex);
+  pauseState = EPauseState::OnePaused;
+  return activeSolver && PauseOneSolverThread(*activeSolver);
+}
+
+void CSolvingSession::Resume() {
+  const std::lock_guard lock(controlMutex);
+  pauseState = EPauseState::Running;
+  if (activeSolver) activeSolver->Resume();
+}
+
+bool CSolvingSession::ApplyManualCommand(EManualCommand command) {
+  const std::lock_guard lock(controlMutex);
+  if (!settings.bEnableManualEngineControl || !activeSolver) return false;
+  return ::ApplyManualCommand(*activeSolver, command);
+}
+
+std::uint64_t CSolvingSession::Positions() const {
+  const std::lock_guard lock(controlMutex);
+  return activeSolver ? activeSolver->Positions() : 0;
+}

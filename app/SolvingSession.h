@@ -1,0 +1,137 @@
+#pragma once
+// The one way to solve a problem, for the console and for the window alike. Start returns at
+// once: the passes run in a solving thread of their own, which reports progress and results
+// through callbacks carrying plain values. The callbacks run in that thread; a window
+// marshals them to its own thread. Stop, pause and resume may be called from any thread.
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "app/Options.h"
+#include "app/SolverCommands.h"
+#include "app/SolvingRequest.h"
+#include "engine/ThreadSettings.h"
+#include "problems/Problem.h"
+#include "registers/ChessboardRegister.h"
+
+class CMateSolver;
+struct TRootOutcome;
+
+struct TSolveOrder {
+  const TProblem* pProblem = nullptr;      // must outlive the solve
+  bool bFindAll = false;                   // all solutions, whatever the problem asks for
+  std::optional<TThreadSettings> threads;  // the session's defaults when not given
+  bool bMirrorSwitch = true;               // run the mirrored pass where the problem allows
+};
+
+// A snapshot of the running pass.
+struct TPassProgress {
+  std::string sLabel;  // "12" or "12 M1"
+  int nMirrorPass = 0;
+  int nMoves = 0;  // the N of "#N"
+  unsigned nThreads = 1;
+  bool bSafeModeShown = false;  // quick mode is configured and this pass runs safe
+  std::uint64_t nPositions = 0;
+  double dShareDone = 0;  // of the first moves taken up, 0..1
+  std::int64_t nElapsedSeconds = 0;
+  int nCurrentMove = 0;  // index of the first move being analysed, in the sorted order
+  int nFirstMoves = 0;
+  std::string sCurrentMove;  // in the long notation
+  bool bPaused = false;
+};
+
+struct TPassOutcome {
+  std::string sLabel;
+  int nMirrorPass = 0;
+  TSolvingResult result;
+  std::vector<std::string> reportLines;  // the completion texts in the settings' language
+};
+
+struct TSessionCallbacks {
+  std::function<void(const TPassProgress&)> onProgress = nullptr;
+  std::function<void(const TPassOutcome&)> onPassFinished = nullptr;
+  std::function<void()> onSolveFinished = nullptr;
+  // Asked before a solve whose problem wants another thread count; true adopts it.
+  std::function<bool(const TThreadSettings& forced, const std::string& question)> askForcedThreads =
+      nullptr;
+};
+
+inline constexpr int kNoTimeLimit = -1;
+
+struct TWaitSettings {
+  bool bQuiet = false;  // no progress line
+  int nTimeLimitSeconds = kNoTimeLimit;
+  std::FILE* progressStream = stderr;
+};
+
+enum class EWaitOutcome { Finished, TimedOut };
+
+class CSolvingSession {
+ public:
+  explicit CSolvingSession(const COptions& settings, TSessionCallbacks callbacks = {});
+  ~CSolvingSession();  // stops a running solve and waits for its thread
+  CSolvingSession(const CSolvingSession&) = delete;
+  CSolvingSession& operator=(const CSolvingSession&) = delete;
+
+  // Checks the problem and starts its passes; returns the reason when it cannot start.
+  std::optional<std::string> Start(const TSolveOrder& order);
+  // Blocks until the solve ends, waking once a second for the progress line and the time
+  // limit. A solve that runs out of time is stopped; its running pass gets result code 3.
+  EWaitOutcome Wait(const TWaitSettings& settings = {});
+
+  void Stop();
+  void PauseAll();
+  // Returns whether only the thread of the current move was parked (else all were).
+  bool PauseOneThread();
+  void Resume();
+  // Returns whether the running solver took the command; refused unless the
+  // EnableManualEngineControl setting is on.
+  bool ApplyManualCommand(EManualCommand command);
+
+  bool IsRunning() const { return bRunning.load(); }
+  // Positions examined so far by the running pass, 0 between passes.
+  std::uint64_t Positions() const;
+  // The passes of the last solve; read them once it has ended.
+  const std::vector<std::unique_ptr<SolvingRequest>>& Requests() const { return requests; }
+  TThreadSettings DefaultThreads() const { return defaultThreads; }
+
+ private:
+  enum class EPauseState { Running, AllPaused, OnePaused };
+
+  void RunPasses();
+  void RunPass(SolvingRequest& request);
+  // Runs the solver and reports its progress until it ends.
+  TRootOutcome Supervise(CMateSolver& solver, const SolvingRequest& request,
+                         std::chrono::steady_clock::time_point start);
+  TPassProgress Snapshot(const CMateSolver& solver, const SolvingRequest& request,
+                         std::chrono::steady_clock::time_point start) const;
+  void FillResult(SolvingRequest& request, const TRootOutcome& outcome, bool bStopped) const;
+  void ReportPassEnd(const SolvingRequest& request) const;
+  // Makes the solver the target of stop and pause, passing on the requests made so far.
+  void SetActiveSolver(CMateSolver* solver);
+  void JoinThread();
+  void MarkTimedOut(SolvingRequest& request);
+
+  const COptions settings;
+  const TSessionCallbacks callbacks;
+  const TThreadSettings defaultThreads;
+  const std::string sGuiLogPath;  // where the engine's end is recorded; empty for none
+  std::unique_ptr<TChessboardRegister<bool>> tempRegister;
+
+  std::vector<std::unique_ptr<SolvingRequest>> requests;
+  std::atomic<bool> bRunning{false};
+  std::thread solvingThread;
+
+  mutable std::mutex controlMutex;  // guards the members below
+  CMateSolver* activeSolver = nullptr;
+  bool bStopRequested = false;
+  EPauseState pauseState = EPauseState::Running;
+};
