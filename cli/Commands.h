@@ -12,6 +12,7 @@ void AddFenCommand(CLI::App& app);
 void AddConfigCommand(CLI::App& app);
 void AddCheckCommand(CLI::App& app);
 void AddFormatCommand(CLI::App& app);
+void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);

@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
   AddConfigCommand(app);
   AddCheckCommand(app);
   AddFormatCommand(app);
+  AddSolveCommand(app);
   AddBenchCommand(app);
   try {
     app.parse(argc, argv);
