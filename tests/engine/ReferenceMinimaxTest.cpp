@@ -1,0 +1,320 @@
+// The engine's root search against a plain minimax written here: no register, no move
+// ordering, no pruning beyond the short-cuts of "any" and "every", on random positions
+// with few pieces.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "core/Fen.h"
+#include "core/MoveGeneration.h"
+#include "core/MoveMaking.h"
+#include "core/Notation.h"
+#include "engine/MateSolver.h"
+
+namespace {
+
+// The engine never searches on from a position that repeats one already on its line, so a
+// key whose every mate passes through such a repetition is lost to it (not the existence of
+// a mate: a shortest mate never repeats). The reference can cut, too, at every placement
+// that stood earlier on the line with the same side to move, which is the widest such cut.
+enum class Repetitions { kSearched, kCut };
+
+bool RepeatsEarlierPlacement(const TChessboard& board) {
+  for (const TChessboard* p = board.parent; p != nullptr; p = p->parent)
+    if (p->IsWhiteToMove() == board.IsWhiteToMove() &&
+        std::memcmp(p->squares, board.squares, sizeof board.squares) == 0)
+      return true;
+  return false;
+}
+
+bool BlackIsMated(const TChessboard& board, Repetitions repetitions);
+
+// Legal White moves after which Black is mated within the plies left. With keys null the
+// count stops at the first one.
+int MatingMoves(const TChessboard& board, Repetitions repetitions, std::vector<TMove>* keys) {
+  if (repetitions == Repetitions::kCut && RepeatsEarlierPlacement(board)) return 0;
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GenerateAllMoves(board, moves);
+  int nMating = 0;
+  for (int i = 0; i < n; ++i) {
+    TChessboard child = board;
+    child.parent = &board;  // castling rights and en passant are judged along the line
+    if (movemaking::MakeWhiteMove(child, moves[i]) == 0 || !BlackIsMated(child, repetitions))
+      continue;
+    ++nMating;
+    if (keys == nullptr) break;
+    keys->push_back(moves[i]);
+  }
+  return nMating;
+}
+
+// Black, to move with board.ply plies left, is mated within them: checkmated now, or every
+// legal reply lets White mate. Stalemate is no mate.
+bool BlackIsMated(const TChessboard& board, Repetitions repetitions) {
+  if (board.ply == 0 && !board.IsBlackInCheck()) return false;
+  if (repetitions == Repetitions::kCut && RepeatsEarlierPlacement(board)) return false;
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GenerateAllMoves(board, moves);
+  bool bHasReply = false;
+  for (int i = 0; i < n; ++i) {
+    TChessboard child = board;
+    child.parent = &board;
+    if (movemaking::MakeBlackMove(child, moves[i]) == 0) continue;
+    bHasReply = true;
+    if (board.ply == 0 || MatingMoves(child, repetitions, nullptr) == 0) return false;
+  }
+  return bHasReply || board.IsBlackInCheck();
+}
+
+// Keys as sorted texts, so that sets compare directly and failures read well.
+std::vector<std::string> KeyTexts(const TChessboard& root, const std::vector<TMove>& keys) {
+  std::vector<std::string> texts;
+  for (TMove key : keys) texts.push_back(notation::MoveToText(root, key));
+  std::sort(texts.begin(), texts.end());
+  return texts;
+}
+
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const auto& text : texts) joined += (joined.empty() ? "" : " ") + text;
+  return joined.empty() ? "(none)" : joined;
+}
+
+std::vector<std::string> ReferenceKeys(TChessboard root, int nMoves,
+                                       Repetitions repetitions = Repetitions::kSearched) {
+  root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
+  std::vector<TMove> keys;
+  MatingMoves(root, repetitions, &keys);
+  return KeyTexts(root, keys);
+}
+
+bool Includes(const std::vector<std::string>& all, const std::vector<std::string>& part) {
+  return std::includes(all.begin(), all.end(), part.begin(), part.end());
+}
+
+struct TEngineRun {
+  int nThreads;
+  const char* name;
+};
+constexpr TEngineRun kEngineRuns[] = {{1, "1 thread"}, {2, "2 threads"}};
+
+// Compares every engine run with the reference on one position: the same answer, and the
+// keys of the plain search, less at most those that need a repetition. Returns whether
+// White mates; counts the positions where keys went to repetitions.
+bool ExpectEngineAgrees(const TChessboard& start, int nMoves, int& nRepetitionKeys) {
+  const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
+  std::vector<std::string> withoutRepetitions;
+  bool bLostKeys = false;
+  for (const TEngineRun& run : kEngineRuns) {
+    TChessboardRegister<bool> reg(1'000'000);
+    CMateSolver solver(start, nMoves, {run.nThreads, 0, 2, &reg});
+    const TRootOutcome outcome = solver.Run();
+    const std::vector<std::string> keys = KeyTexts(start, outcome.keys);
+    const std::string where =
+        fen::WriteShortFen(start) + " #" + std::to_string(nMoves) + ", " + run.name;
+    EXPECT_EQ(int{outcome.result}, int{expected.empty() ? mate::kNoMate : mate::kMate}) << where;
+    if (keys == expected) continue;
+    if (!bLostKeys) withoutRepetitions = ReferenceKeys(start, nMoves, Repetitions::kCut);
+    bLostKeys = true;
+    EXPECT_TRUE(Includes(expected, keys) && Includes(keys, withoutRepetitions))
+        << where << "\n  engine:              " << Joined(keys)
+        << "\n  reference:           " << Joined(expected)
+        << "\n  without repetitions: " << Joined(withoutRepetitions);
+  }
+  if (bLostKeys) ++nRepetitionKeys;
+  return !expected.empty();
+}
+
+// Random legal positions: both kings and a few other pieces, Black not in check.
+class CRandomPositions {
+ public:
+  explicit CRandomPositions(unsigned seed) : random(seed) {}
+
+  TChessboard Next() {
+    for (;;) {
+      TChessboard board;
+      ClearChessboard(board);
+      PlaceWhiteKing(board, PlaceBlackKing(board));
+      const int nWhite = Uniform(1, 3), nBlack = Uniform(0, 2);
+      for (int i = 0; i < nWhite; ++i) Place(board, Pick(kWhiteMix));
+      for (int i = 0; i < nBlack; ++i) Place(board, Pick(kBlackMix));
+      if (TryAnalyse(board, true) && !board.IsBlackInCheck()) return board;
+    }
+  }
+
+  // Kings and some rooks at home with a pawn pair ready for en passant either way, so that
+  // castling rights and en passant along the line take part.
+  TChessboard NextAtHome() {
+    for (;;) {
+      TChessboard board;
+      ClearChessboard(board);
+      board.squares[4] = piece::kWhiteKing;
+      PlaceSomeRooks(board, 0, piece::kWhiteRook);
+      if (Uniform(0, 1) == 0) {
+        board.squares[60] = piece::kBlackKing;
+        PlaceSomeRooks(board, 56, piece::kBlackRook);
+      } else {
+        PlaceBlackKing(board);
+      }
+      const bool bBlackDoubleStep = Uniform(0, 1) == 0;
+      const int file = Uniform(1, 6), besideFile = file + (Uniform(0, 1) == 0 ? -1 : 1);
+      const SquareIndex stepper = square::Make(file, bBlackDoubleStep ? 6 : 1);
+      const SquareIndex taker = square::Make(besideFile, bBlackDoubleStep ? 4 : 3);
+      if (board.squares[stepper] != piece::kEmpty || board.squares[taker] != piece::kEmpty)
+        continue;
+      board.squares[stepper] = bBlackDoubleStep ? piece::kBlackPawn : piece::kWhitePawn;
+      board.squares[taker] = bBlackDoubleStep ? piece::kWhitePawn : piece::kBlackPawn;
+      Place(board, Pick(kWhiteMix));
+      if (TryAnalyse(board, true) && !board.IsBlackInCheck()) return board;
+    }
+  }
+
+ private:
+  // Weighted choices: White mostly long-range pieces so that many positions mate.
+  static constexpr PieceCode kWhiteMix[] = {
+      piece::kWhiteQueen, piece::kWhiteQueen,  piece::kWhiteRook,   piece::kWhiteRook,
+      piece::kWhiteRook,  piece::kWhiteBishop, piece::kWhiteKnight, piece::kWhitePawn};
+  static constexpr PieceCode kBlackMix[] = {piece::kBlackPawn, piece::kBlackPawn,
+                                            piece::kBlackKnight, piece::kBlackBishop,
+                                            piece::kBlackRook};
+
+  int Uniform(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); }
+  template <std::size_t n>
+  PieceCode Pick(const PieceCode (&mix)[n]) {
+    return mix[Uniform(0, static_cast<int>(n) - 1)];
+  }
+  // On a random empty square; pawns off the first and last ranks.
+  SquareIndex Place(TChessboard& board, PieceCode piece) {
+    const bool bPawn = piece::TypeOf(piece) == piece::kPawn;
+    for (;;) {
+      const auto s = static_cast<SquareIndex>(Uniform(bPawn ? 8 : 0, bPawn ? 55 : 63));
+      if (board.squares[s] != piece::kEmpty) continue;
+      board.squares[s] = piece;
+      return s;
+    }
+  }
+
+  // Mostly on the edge, where mates are common.
+  SquareIndex PlaceBlackKing(TChessboard& board) {
+    if (Uniform(0, 3) == 0) return Place(board, piece::kBlackKing);
+    for (;;) {
+      const int along = Uniform(0, 7), edge = Uniform(0, 3);
+      const SquareIndex s =
+          edge < 2 ? square::Make(along, edge * 7) : square::Make((edge - 2) * 7, along);
+      if (board.squares[s] != piece::kEmpty) continue;
+      board.squares[s] = piece::kBlackKing;
+      return s;
+    }
+  }
+  // Each rook of the corners of a home rank, each with odds 2 to 1.
+  void PlaceSomeRooks(TChessboard& board, SquareIndex firstCorner, PieceCode rook) {
+    for (SquareIndex corner : {firstCorner, static_cast<SquareIndex>(firstCorner + 7)})
+      if (Uniform(0, 2) > 0) board.squares[corner] = rook;
+  }
+
+  // Half the time two squares from the black king, taking flights away as mates need.
+  void PlaceWhiteKing(TChessboard& board, SquareIndex black) {
+    if (Uniform(0, 1) == 0) {
+      Place(board, piece::kWhiteKing);
+      return;
+    }
+    for (;;) {
+      const int file = square::File(black) + Uniform(-2, 2),
+                rank = square::Rank(black) + Uniform(-2, 2);
+      if (file < 0 || file > 7 || rank < 0 || rank > 7) continue;
+      if (std::max(std::abs(file - square::File(black)), std::abs(rank - square::Rank(black))) != 2)
+        continue;
+      board.squares[square::Make(file, rank)] = piece::kWhiteKing;
+      return;
+    }
+  }
+
+  std::mt19937 random;
+};
+
+// Positions where castling or en passant decides, with the keys worked out by hand; the
+// reference must find them too, or it would be no reference for the random ones.
+struct TLineRuleCase {
+  const char* fen;
+  int nMoves;
+  const char* keys;
+};
+constexpr TLineRuleCase kLineRuleCases[] = {
+    {"3k4/2p1p3/B7/7B/8/8/8/R3K3", 1, "0-0-0 Ra1-d1"},  // castling mates
+    {"8/2R2p2/8/4P3/8/8/8/R3K1k1", 2, "Rc7-c2"},        // 0-0-0 mates after any reply
+    {"8/2R2p2/8/4P3/8/8/8/R3K1k1", 3, "Rc7-c2"},
+    {"r3k3/8/8/8/pR6/8/1P6/4K2R", 2, "(none)"},  // 0-0-0 escapes Rb4-b7's threat
+    {"r3k3/8/8/8/pR6/8/1P6/4K2R", 3, "(none)"},
+    // g7-g5 is met by f5:g6 en passant, mate by the rook along the fifth rank.
+    {"8/4BNpB/8/R4P1k/5K2/8/8/8", 2,
+     "Be7-d8 Be7-g5 Bh7-g6 Kf4-f3 Kf4-g3 Ra5-b5 Ra5-c5 Ra5-d5 Ra5-e5"},
+    // g2-g4 would mate but for h4:g3 en passant.
+    {"5B2/8/5K2/7k/7p/4N3/6P1/8", 1, "(none)"},
+};
+
+TEST(ReferenceMinimax, CastlingAndEnPassantAlongTheLine) {
+  for (const TLineRuleCase& row : kLineRuleCases) {
+    TChessboard start;
+    ClearChessboard(start);
+    ASSERT_TRUE(fen::ReadFen(start, row.fen)) << row.fen;
+    EXPECT_EQ(Joined(ReferenceKeys(start, row.nMoves)), row.keys) << row.fen;
+    int nRepetitionKeys = 0;
+    ExpectEngineAgrees(start, row.nMoves, nRepetitionKeys);
+    EXPECT_EQ(nRepetitionKeys, 0) << row.fen;
+  }
+}
+
+// 1.Rd1 Kh3 2.Rd4 Kh2 3.Rh4# mates only through the start position again; the engine
+// drops such keys, the plain reference keeps them and the cutting reference drops them too.
+TEST(ReferenceMinimax, KeysThatMateOnlyThroughARepetition) {
+  TChessboard start;
+  ClearChessboard(start);
+  ASSERT_TRUE(fen::ReadFen(start, "8/8/8/8/3R4/8/5K1k/8"));
+  const auto all = ReferenceKeys(start, 3);
+  const auto withoutRepetitions = ReferenceKeys(start, 3, Repetitions::kCut);
+  std::vector<std::string> onlyThroughRepetitions;
+  std::set_difference(all.begin(), all.end(), withoutRepetitions.begin(), withoutRepetitions.end(),
+                      std::back_inserter(onlyThroughRepetitions));
+  EXPECT_EQ(Joined(onlyThroughRepetitions), "Kf2-f3 Rd4-d1 Rd4-d2 Rd4-d5 Rd4-d6 Rd4-d7 Rd4-d8");
+  int nRepetitionKeys = 0;
+  ExpectEngineAgrees(start, 3, nRepetitionKeys);
+  EXPECT_EQ(nRepetitionKeys, 1);
+}
+
+// How many random positions each move count gets: deeper searches cost more.
+struct TDepthShare {
+  int nMoves;
+  int nPositions;
+  int nAtHome;
+};
+constexpr TDepthShare kDepthShares[] = {{1, 300, 10}, {2, 300, 20}, {3, 200, 10}};
+
+TEST(ReferenceMinimax, EngineFindsTheSameKeysOnRandomPositions) {
+  CRandomPositions positions(20240611);
+  int nMates = 0, nTotal = 0;
+  for (const TDepthShare& share : kDepthShares) {
+    int nDepthMates = 0, nRepetitionKeys = 0;
+    for (int i = 0; i < share.nPositions + share.nAtHome; ++i) {
+      const TChessboard start = i < share.nPositions ? positions.Next() : positions.NextAtHome();
+      if (ExpectEngineAgrees(start, share.nMoves, nRepetitionKeys)) ++nDepthMates;
+    }
+    std::cout << "#" << share.nMoves << ": " << nDepthMates << " of "
+              << share.nPositions + share.nAtHome << " positions mate, " << nRepetitionKeys
+              << " with keys that mate only through a repetition\n";
+    nMates += nDepthMates;
+    nTotal += share.nPositions + share.nAtHome;
+  }
+  // Both answers must be common, or agreement would prove little.
+  EXPECT_GE(nMates * 100, nTotal * 15);
+  EXPECT_GE((nTotal - nMates) * 100, nTotal * 15);
+}
+
+}  // namespace
