@@ -1,0 +1,33 @@
+#pragma once
+// Problems of the reference data for the solving tests, and move texts to compare keys by.
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "TestData.h"
+#include "app/FenProblem.h"
+#include "core/Notation.h"
+
+// The direct mate of a reference row, with the given problem options.
+inline std::unique_ptr<TProblem> ReferenceProblem(const std::string& file, const std::string& rowId,
+                                                  std::uint16_t options = 0, int problemId = 1) {
+  for (const testdata::TRow& row : testdata::ReadTsv(file)) {
+    if (row.at("id") != rowId) continue;
+    auto problem = DirectMateFromFen(row.at("fen"), std::stoi(row.at("n")), problemId);
+    problem->options = options;
+    return problem;
+  }
+  throw std::runtime_error("no reference row " + rowId);
+}
+
+// The published keys of a reference row, in the order given.
+inline std::vector<std::string> ReferenceKeys(const std::string& file, const std::string& rowId) {
+  for (const testdata::TRow& row : testdata::ReadTsv(file))
+    if (row.at("id") == rowId) return testdata::Split(row.at("keys"), " ,");
+  throw std::runtime_error("no reference row " + rowId);
+}
+
+inline TMove MoveOf(const std::string& text) {
+  return notation::FullDescriptionToMove(text, true);
+}

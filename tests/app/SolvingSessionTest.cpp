@@ -1,0 +1,223 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <thread>
+
+#include "SolvingFixtures.h"
+#include "app/SolvingRegistry.h"
+#include "app/SolvingReports.h"
+#include "app/SolvingSession.h"
+#include "app/platform/ProcessThreads.h"
+
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAreArray;
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+constexpr const char* kMates = "directmates.tsv";
+// A mate in 6 that takes far longer than any test waits.
+constexpr const char* kLongSolveFile = "moremovers.tsv";
+constexpr const char* kLongSolveRow = "mt-00674";
+
+COptions TestOptions() {
+  COptions options = DefaultOptions();
+  options.nLanguageId = 1;
+  return options;
+}
+
+int ProcessThreadCount() {
+  int n = 0;
+  platform::ForEachThreadOfProcess([&n](pid_t) { return ++n > 0; });
+  return n;
+}
+
+const TSolvingResult& Solve(CSolvingSession& session, const TProblem& problem,
+                            bool bFindAll = false, unsigned nThreads = 2) {
+  const auto refusal = session.Start({.pProblem = &problem,
+                                      .bFindAll = bFindAll,
+                                      .threads = TThreadSettings{nThreads, 1},
+                                      .bMirrorSwitch = false});
+  EXPECT_EQ(refusal, std::nullopt);
+  EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+  return session.Requests().at(0)->result;
+}
+
+TEST(SolvingSession, FindsTheKeysOfShortMates) {
+  CSolvingSession session(TestOptions());
+  const struct {
+    const char* szRow;
+    bool bFindAll;
+  } cases[] = {{"loyd-1859", false},
+               {"meson-78844", false},
+               {"pyreg-bp-02", true},
+               {"pyreg-cast-08", false},
+               {"nomate-meson-78844", true}};
+  for (const auto& c : cases) {
+    const auto problem = ReferenceProblem(kMates, c.szRow);
+    const TSolvingResult& result = Solve(session, *problem, c.bFindAll);
+    EXPECT_THAT(result.keyTexts, UnorderedElementsAreArray(ReferenceKeys(kMates, c.szRow)))
+        << c.szRow;
+    EXPECT_EQ(result.nSolutions, static_cast<int>(result.keys.size()));
+    EXPECT_EQ(result.nResultCode, result.keys.empty() ? 0 : 1) << c.szRow;
+    EXPECT_GT(result.nPositions, 0u);
+    EXPECT_TRUE(result.sError.empty());
+    EXPECT_FALSE(session.IsRunning());
+  }
+}
+
+TEST(SolvingSession, ReportsThroughCallbacks) {
+  std::mutex mutex;
+  std::vector<TPassProgress> progress;
+  std::vector<TPassOutcome> outcomes;
+  std::atomic<int> nFinished{0};
+  CSolvingSession session(TestOptions(), {.onProgress =
+                                              [&](const TPassProgress& p) {
+                                                const std::lock_guard lock(mutex);
+                                                progress.push_back(p);
+                                              },
+                                          .onPassFinished =
+                                              [&](const TPassOutcome& o) {
+                                                const std::lock_guard lock(mutex);
+                                                outcomes.push_back(o);
+                                              },
+                                          .onSolveFinished = [&] { ++nFinished; }});
+  const auto problem = ReferenceProblem(kMates, "loyd-1859", 0, 37);
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  session.Wait({.bQuiet = true});
+  EXPECT_EQ(nFinished, 1);
+  ASSERT_FALSE(progress.empty());
+  EXPECT_EQ(progress.front().sLabel, "37");
+  EXPECT_EQ(progress.front().nMoves, 2);
+  ASSERT_EQ(outcomes.size(), 2u);  // the position and its mirror
+  EXPECT_EQ(outcomes[1].sLabel, "37 M1");
+  EXPECT_THAT(outcomes[0].reportLines,
+              ElementsAreArray({"Engine has completed: 37",
+                                "Thread solving problem 37 completed successfully.",
+                                "1 solution(s) found of the problem 37"}));
+  EXPECT_THAT(outcomes[0].result.keyTexts, ElementsAreArray({"Qh5-a5"}));
+  EXPECT_THAT(outcomes[1].result.keyTexts, ElementsAreArray({"Qa5-h5"}));
+  EXPECT_EQ(outcomes[0].result.nMove, MoveOf("Qh5-a5").from | MoveOf("Qh5-a5").to << 8);
+}
+
+TEST(SolvingSession, StopEndsALongSolveWithinASecond) {
+  const int nThreadsBefore = ProcessThreadCount();
+  CSolvingSession session(TestOptions());
+  const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow, 0, 8);
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  std::this_thread::sleep_for(300ms);
+  EXPECT_TRUE(session.IsRunning());
+  EXPECT_TRUE(GetSolvingRegistry().Contains("8"));
+  const auto stopped = Clock::now();
+  session.Stop();
+  EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+  EXPECT_LT(Clock::now() - stopped, 1s);
+  EXPECT_FALSE(session.IsRunning());
+  EXPECT_FALSE(GetSolvingRegistry().Contains("8"));
+  EXPECT_EQ(ProcessThreadCount(), nThreadsBefore);
+  const auto& requests = session.Requests();
+  ASSERT_EQ(requests.size(), 2u);
+  EXPECT_TRUE(requests[0]->result.bStopped);
+  EXPECT_FALSE(requests[1]->result.bRun);  // the mirrored pass never started
+  EXPECT_THAT(CompletionReport(1, "8", requests[0]->result), Contains("Engine stopped: 8"));
+}
+
+TEST(SolvingSession, TimeLimitStopsTheSolveWithCode3) {
+  const int nThreadsBefore = ProcessThreadCount();
+  CSolvingSession session(TestOptions());
+  const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow);
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  const auto started = Clock::now();
+  EXPECT_EQ(session.Wait({.bQuiet = true, .nTimeLimitSeconds = 1}), EWaitOutcome::TimedOut);
+  EXPECT_LT(Clock::now() - started, 4s);
+  EXPECT_FALSE(session.IsRunning());
+  EXPECT_EQ(ProcessThreadCount(), nThreadsBefore);
+  const TSolvingResult& result = session.Requests().at(0)->result;
+  EXPECT_EQ(result.nResultCode, kTimedOutResultCode);
+  EXPECT_EQ(result.nMove, 0xFFFF);
+}
+
+TEST(SolvingSession, PauseHoldsThePositionCountAndResumeFinishes) {
+  CSolvingSession session(TestOptions());
+  const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
+  ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
+            std::nullopt);
+  const auto deadline = Clock::now() + 10s;
+  while (session.Positions() < 2000 && session.IsRunning() && Clock::now() < deadline)
+    std::this_thread::sleep_for(1ms);
+  session.PauseAll();
+  std::this_thread::sleep_for(100ms);  // the worker parks at its next Black node
+  const std::uint64_t nPaused = session.Positions();
+  std::this_thread::sleep_for(200ms);
+  EXPECT_GT(nPaused, 0u) << "the solve ended before it could be paused";
+  EXPECT_EQ(session.Positions(), nPaused);
+  EXPECT_TRUE(session.IsRunning());
+  session.Resume();
+  EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+  const TSolvingResult& result = session.Requests().at(0)->result;
+  EXPECT_GT(result.nPositions, nPaused);
+  EXPECT_THAT(result.keyTexts, ElementsAreArray(ReferenceKeys(kMates, "loyd-excelsior")));
+}
+
+TEST(SolvingSession, RegisterIsClearedOnStartOnlyWhenTheSettingSaysSo) {
+  const auto problem = ReferenceProblem(kMates, "meson-78844");
+  for (bool bClear : {true, false}) {
+    COptions options = TestOptions();
+    options.bClearRegisterOnStartSolving = bClear;
+    CSolvingSession session(options);
+    // One thread, so that the same search examines the same positions.
+    const std::uint64_t nFirst = Solve(session, *problem, false, 1).nPositions;
+    const std::uint64_t nSecond = Solve(session, *problem, false, 1).nPositions;
+    if (bClear)
+      EXPECT_EQ(nSecond, nFirst);
+    else
+      EXPECT_LT(nSecond, nFirst / 2);
+  }
+}
+
+TEST(SolvingSession, ForcedThreadCountIsAdoptedOnYes) {
+  const auto problem = ReferenceProblem(kMates, "loyd-1859", option::kNoMirror);
+  problem->nThreads = 1;
+  for (bool bYes : {true, false}) {
+    std::string question;
+    CSolvingSession session(TestOptions(), {.askForcedThreads = [&](const TThreadSettings& forced,
+                                                                    const std::string& text) {
+                              EXPECT_EQ(forced.nThreads, 1u);
+                              question = text;
+                              return bYes;
+                            }});
+    ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{2, 1}}),
+              std::nullopt);
+    session.Wait({.bQuiet = true});
+    EXPECT_EQ(question,
+              "Engine wants to force a different number of threads (1). Do you accept it?");
+    EXPECT_EQ(session.Requests().at(0)->threads.nThreads, bYes ? 1u : 2u);
+  }
+}
+
+TEST(SolvingSession, RefusesWhatCannotBeSolved) {
+  CSolvingSession session(TestOptions());
+  // Black is in check with White to move.
+  const auto checked = DirectMateFromFen("4k3/8/8/8/8/8/8/4RK2", 2);
+  EXPECT_EQ(session.Start({.pProblem = checked.get()}),
+            "Black king cannot be checked in the mate task starting postition.");
+  const auto selfmate = DirectMateFromFen("4k3/8/8/8/8/8/8/5K2", 2);
+  selfmate->SetStipulation(TStipulation::Selfmate(2));
+  EXPECT_EQ(session.Start({.pProblem = selfmate.get()}), "Only direct mates (#N) are solved.");
+
+  const auto busy = DirectMateFromFen("4k3/8/8/8/8/8/8/5K2", 2, 913);
+  GetSolvingRegistry().Add("913_0", 1);
+  EXPECT_EQ(session.Start({.pProblem = busy.get(), .bFindAll = true}),
+            "Too many problems being solved at the same time.");
+  GetSolvingRegistry().Remove("913_0");
+  EXPECT_FALSE(session.IsRunning());
+  EXPECT_THAT(session.Requests(), IsEmpty());
+}
+
+}  // namespace
