@@ -27,6 +27,9 @@ std::uint16_t RepeatedAncestorPly(const TChessboard& board) {
     const TChessboard* above = current->parent;
     if (IsIrreversible(*above)) return 0;
     current = above->parent;
+    // Every first move is judged on its own, so a return to the root is no repetition for it:
+    // a key whose only mates pass through the start position again is still a key.
+    if (current->parent == nullptr) return 0;
     if (std::memcmp(current->squares, board.squares, sizeof board.squares) == 0 &&
         !registerkey::HasEnPassantRight(*current))
       return current->ply;

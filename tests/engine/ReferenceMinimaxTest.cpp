@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
-#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -21,33 +20,18 @@
 
 namespace {
 
-// The engine never searches on from a position that repeats one already on its line, so a
-// key whose every mate passes through such a repetition is lost to it (not the existence of
-// a mate: a shortest mate never repeats). The reference can cut, too, at every placement
-// that stood earlier on the line with the same side to move, which is the widest such cut.
-enum class Repetitions { kSearched, kCut };
-
-bool RepeatsEarlierPlacement(const TChessboard& board) {
-  for (const TChessboard* p = board.parent; p != nullptr; p = p->parent)
-    if (p->IsWhiteToMove() == board.IsWhiteToMove() &&
-        std::memcmp(p->squares, board.squares, sizeof board.squares) == 0)
-      return true;
-  return false;
-}
-
-bool BlackIsMated(const TChessboard& board, Repetitions repetitions);
+bool BlackIsMated(const TChessboard& board);
 
 // Legal White moves after which Black is mated within the plies left. With keys null the
 // count stops at the first one.
-int MatingMoves(const TChessboard& board, Repetitions repetitions, std::vector<TMove>* keys) {
-  if (repetitions == Repetitions::kCut && RepeatsEarlierPlacement(board)) return 0;
+int MatingMoves(const TChessboard& board, std::vector<TMove>* keys) {
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateAllMoves(board, moves);
   int nMating = 0;
   for (int i = 0; i < n; ++i) {
     TChessboard child = board;
     child.parent = &board;  // castling rights and en passant are judged along the line
-    if (movemaking::MakeWhiteMove(child, moves[i]) == 0 || !BlackIsMated(child, repetitions))
+    if (movemaking::MakeWhiteMove(child, moves[i]) == 0 || !BlackIsMated(child))
       continue;
     ++nMating;
     if (keys == nullptr) break;
@@ -58,9 +42,8 @@ int MatingMoves(const TChessboard& board, Repetitions repetitions, std::vector<T
 
 // Black, to move with board.ply plies left, is mated within them: checkmated now, or every
 // legal reply lets White mate. Stalemate is no mate.
-bool BlackIsMated(const TChessboard& board, Repetitions repetitions) {
+bool BlackIsMated(const TChessboard& board) {
   if (board.ply == 0 && !board.IsBlackInCheck()) return false;
-  if (repetitions == Repetitions::kCut && RepeatsEarlierPlacement(board)) return false;
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateAllMoves(board, moves);
   bool bHasReply = false;
@@ -69,7 +52,7 @@ bool BlackIsMated(const TChessboard& board, Repetitions repetitions) {
     child.parent = &board;
     if (movemaking::MakeBlackMove(child, moves[i]) == 0) continue;
     bHasReply = true;
-    if (board.ply == 0 || MatingMoves(child, repetitions, nullptr) == 0) return false;
+    if (board.ply == 0 || MatingMoves(child, nullptr) == 0) return false;
   }
   return bHasReply || board.IsBlackInCheck();
 }
@@ -88,16 +71,11 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined.empty() ? "(none)" : joined;
 }
 
-std::vector<std::string> ReferenceKeys(TChessboard root, int nMoves,
-                                       Repetitions repetitions = Repetitions::kSearched) {
+std::vector<std::string> ReferenceKeys(TChessboard root, int nMoves) {
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   std::vector<TMove> keys;
-  MatingMoves(root, repetitions, &keys);
+  MatingMoves(root, &keys);
   return KeyTexts(root, keys);
-}
-
-bool Includes(const std::vector<std::string>& all, const std::vector<std::string>& part) {
-  return std::includes(all.begin(), all.end(), part.begin(), part.end());
 }
 
 struct TEngineRun {
@@ -106,30 +84,19 @@ struct TEngineRun {
 };
 constexpr TEngineRun kEngineRuns[] = {{1, "1 thread"}, {2, "2 threads"}};
 
-// Compares every engine run with the reference on one position: the same answer, and the
-// keys of the plain search, less at most those that need a repetition. Returns whether
-// White mates; counts the positions where keys went to repetitions.
-bool ExpectEngineAgrees(const TChessboard& start, int nMoves, int& nRepetitionKeys) {
+// Every engine run must give the reference's answer and exactly its keys. Returns whether
+// White mates.
+bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
-  std::vector<std::string> withoutRepetitions;
-  bool bLostKeys = false;
   for (const TEngineRun& run : kEngineRuns) {
     TChessboardRegister<bool> reg(1'000'000);
     CMateSolver solver(start, nMoves, {run.nThreads, 0, 2, &reg});
     const TRootOutcome outcome = solver.Run();
-    const std::vector<std::string> keys = KeyTexts(start, outcome.keys);
     const std::string where =
         fen::WriteShortFen(start) + " #" + std::to_string(nMoves) + ", " + run.name;
     EXPECT_EQ(int{outcome.result}, int{expected.empty() ? mate::kNoMate : mate::kMate}) << where;
-    if (keys == expected) continue;
-    if (!bLostKeys) withoutRepetitions = ReferenceKeys(start, nMoves, Repetitions::kCut);
-    bLostKeys = true;
-    EXPECT_TRUE(Includes(expected, keys) && Includes(keys, withoutRepetitions))
-        << where << "\n  engine:              " << Joined(keys)
-        << "\n  reference:           " << Joined(expected)
-        << "\n  without repetitions: " << Joined(withoutRepetitions);
+    EXPECT_EQ(Joined(KeyTexts(start, outcome.keys)), Joined(expected)) << where;
   }
-  if (bLostKeys) ++nRepetitionKeys;
   return !expected.empty();
 }
 
@@ -266,27 +233,19 @@ TEST(ReferenceMinimax, CastlingAndEnPassantAlongTheLine) {
     ClearChessboard(start);
     ASSERT_TRUE(fen::ReadFen(start, row.fen)) << row.fen;
     EXPECT_EQ(Joined(ReferenceKeys(start, row.nMoves)), row.keys) << row.fen;
-    int nRepetitionKeys = 0;
-    ExpectEngineAgrees(start, row.nMoves, nRepetitionKeys);
-    EXPECT_EQ(nRepetitionKeys, 0) << row.fen;
+    ExpectEngineAgrees(start, row.nMoves);
   }
 }
 
-// 1.Rd1 Kh3 2.Rd4 Kh2 3.Rh4# mates only through the start position again; the engine
-// drops such keys, the plain reference keeps them and the cutting reference drops them too.
-TEST(ReferenceMinimax, KeysThatMateOnlyThroughARepetition) {
+// 1.Rd1 Kh3 2.Rd4 Kh2 3.Rh4# mates only by passing through the start position again: a
+// return to the root must not cost a first move its place among the keys.
+TEST(ReferenceMinimax, KeysThatMateOnlyThroughTheStartPositionAgain) {
   TChessboard start;
   ClearChessboard(start);
   ASSERT_TRUE(fen::ReadFen(start, "8/8/8/8/3R4/8/5K1k/8"));
-  const auto all = ReferenceKeys(start, 3);
-  const auto withoutRepetitions = ReferenceKeys(start, 3, Repetitions::kCut);
-  std::vector<std::string> onlyThroughRepetitions;
-  std::set_difference(all.begin(), all.end(), withoutRepetitions.begin(), withoutRepetitions.end(),
-                      std::back_inserter(onlyThroughRepetitions));
-  EXPECT_EQ(Joined(onlyThroughRepetitions), "Kf2-f3 Rd4-d1 Rd4-d2 Rd4-d5 Rd4-d6 Rd4-d7 Rd4-d8");
-  int nRepetitionKeys = 0;
-  ExpectEngineAgrees(start, 3, nRepetitionKeys);
-  EXPECT_EQ(nRepetitionKeys, 1);
+  const auto keys = ReferenceKeys(start, 3);
+  EXPECT_NE(std::find(keys.begin(), keys.end(), "Rd4-d1"), keys.end());
+  ExpectEngineAgrees(start, 3);
 }
 
 // How many random positions each move count gets: deeper searches cost more.
@@ -301,14 +260,13 @@ TEST(ReferenceMinimax, EngineFindsTheSameKeysOnRandomPositions) {
   CRandomPositions positions(20240611);
   int nMates = 0, nTotal = 0;
   for (const TDepthShare& share : kDepthShares) {
-    int nDepthMates = 0, nRepetitionKeys = 0;
+    int nDepthMates = 0;
     for (int i = 0; i < share.nPositions + share.nAtHome; ++i) {
       const TChessboard start = i < share.nPositions ? positions.Next() : positions.NextAtHome();
-      if (ExpectEngineAgrees(start, share.nMoves, nRepetitionKeys)) ++nDepthMates;
+      if (ExpectEngineAgrees(start, share.nMoves)) ++nDepthMates;
     }
     std::cout << "#" << share.nMoves << ": " << nDepthMates << " of "
-              << share.nPositions + share.nAtHome << " positions mate, " << nRepetitionKeys
-              << " with keys that mate only through a repetition\n";
+              << share.nPositions + share.nAtHome << " positions mate\n";
     nMates += nDepthMates;
     nTotal += share.nPositions + share.nAtHome;
   }
