@@ -118,10 +118,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
                                        : movegen::GenerateAllMoves(board, moves);
-  // The reply that refuted a sibling is the likeliest refutation here too.
-  const TMove killer = blackKillers[board.ply];
-  for (int i = 1; i < n; ++i)
-    if (moves[i].SameMove(killer)) std::rotate(moves, moves + i, moves + i + 1);
+  ordering::OrderBlackReplies(board, moves, n, blackKillers[board.ply]);
   TChessboard& child = line[board.ply];
   int nLegal = 0;
   TMove matedPromotion{square::kNone, square::kNone, 0, 0};

@@ -1,5 +1,8 @@
 #include "engine/MoveOrdering.h"
 
+#include <algorithm>
+
+#include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 
@@ -32,6 +35,25 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
   for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
   for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<std::uint8_t>(i);
   return n;
+}
+
+void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove killer) {
+  const attacks::CCheckFilter checks(board);
+  std::uint8_t groupOf[kMoveBufferSize];
+  int nInGroup[kGroups] = {};
+  for (int i = 0; i < n; ++i) {
+    int group = 3;
+    if (moves[i].SameMove(killer)) group = 0;
+    else if (checks.MayGiveCheck(moves[i])) group = 1;
+    else if (board.squares[moves[i].to] != piece::kEmpty) group = 2;
+    groupOf[i] = static_cast<std::uint8_t>(group);
+    ++nInGroup[group];
+  }
+  int start[kGroups] = {0};
+  for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
+  TMove sorted[kMoveBufferSize];
+  for (int i = 0; i < n; ++i) sorted[start[groupOf[i]]++] = moves[i];
+  std::copy(sorted, sorted + n, moves);
 }
 
 }  // namespace ordering

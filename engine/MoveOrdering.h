@@ -13,4 +13,9 @@ namespace ordering {
 int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
                              TMove killer);
 
+// Orders Black's generated replies so that refutations come early: the reply that refuted a
+// sibling first, then checks (they leave White few answers, so a refutation through them is
+// cheap to prove), then captures, then the rest, generation order within each group.
+void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove killer);
+
 }  // namespace ordering
