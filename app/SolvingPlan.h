@@ -10,7 +10,7 @@
 
 struct TSolvingPlanSettings {
   ESolvingMode solvingMode = ESolvingMode::SingleSolution;
-  TThreadSettings threads;
+  TThreadSettings threads = {};
   bool bQuickMode = true;     // the QuickMode setting
   bool bMirrorSwitch = true;  // run the mirrored pass where the problem allows it
 };

@@ -1,7 +1,5 @@
 #include "app/SolvingSession.h"
 
-#include <algorithm>
-
 #include "app/ConsoleProgress.h"
 #include "app/GuiLog.h"
 #include "app/ProgramState.h"
@@ -12,7 +10,6 @@
 #include "app/platform/Machine.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
-#include "core/Notation.h"
 #include "engine/MateSolver.h"
 
 namespace {
@@ -28,6 +25,12 @@ constexpr std::uint8_t kPassWithoutHeuristics = 2;
 
 std::int64_t MillisecondsSince(Clock::time_point start) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
+}
+
+// The result of a pass that ran out of time.
+void MarkTimedOut(TSolvingResult& result) {
+  result.nResultCode = kTimedOutResultCode;
+  result.nMove = kNoMoveField;
 }
 
 std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
@@ -116,7 +119,7 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     SetSolverLevels(solverSettings, request.threads.nLevels);
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
-    FillResult(request, outcome, solver.WasStopped());
+    RecordOutcome(outcome, solver.WasStopped(), request);
   } catch (const std::exception& error) {
     request.result.sError = error.what();
   }
@@ -143,39 +146,11 @@ TRootOutcome CSolvingSession::Supervise(CMateSolver& solver, const SolvingReques
 
 TPassProgress CSolvingSession::Snapshot(const CMateSolver& solver, const SolvingRequest& request,
                                         Clock::time_point start) const {
-  TPassProgress progress;
-  progress.sLabel = request.Label();
-  progress.nMirrorPass = request.nMirrorPass;
-  progress.nMoves = request.pProblem->stipulation.Moves();
-  progress.nThreads = request.threads.nThreads;
-  progress.bSafeModeShown = settings.bQuickMode && request.bSafeMode;
-  progress.nPositions = solver.Positions();
-  progress.dShareDone = solver.Progress();
-  progress.nElapsedSeconds = MillisecondsSince(start) / 1000;
-  const std::vector<TMove>& firstMoves = solver.Root().FirstMoves();
-  progress.nFirstMoves = static_cast<int>(firstMoves.size());
-  if (!firstMoves.empty()) {
-    progress.nCurrentMove =
-        std::clamp(solver.Root().CurrentMoveIndex(), 0, progress.nFirstMoves - 1);
-    progress.sCurrentMove = notation::MoveToText(request.board, firstMoves[progress.nCurrentMove]);
-  }
+  TPassProgress progress =
+      PassProgress(solver, request, MillisecondsSince(start), settings.bQuickMode);
   const std::lock_guard lock(controlMutex);
   progress.bPaused = pauseState != EPauseState::Running;
   return progress;
-}
-
-void CSolvingSession::FillResult(SolvingRequest& request, const TRootOutcome& outcome,
-                                 bool bStopped) const {
-  TSolvingResult& result = request.result;
-  result.nResultCode = outcome.result;
-  result.bStopped = bStopped;
-  result.keys = outcome.keys;
-  for (TMove key : outcome.keys)
-    result.keyTexts.push_back(notation::MoveToText(request.board, key));
-  result.nSolutions = static_cast<int>(outcome.keys.size());
-  if (!outcome.keys.empty())
-    result.nMove = static_cast<std::uint16_t>(outcome.keys[0].from | outcome.keys[0].to << 8);
-  result.nPositions = outcome.nPositions;
 }
 
 void CSolvingSession::ReportPassEnd(const SolvingRequest& request) const {
@@ -202,17 +177,12 @@ EWaitOutcome CSolvingSession::Wait(const TWaitSettings& waitSettings) {
         MillisecondsSince(start) > waitSettings.nTimeLimitSeconds * std::int64_t{1000}) {
       Stop();
       JoinThread();
-      MarkTimedOut(request);
+      MarkTimedOut(request.result);
       return EWaitOutcome::TimedOut;
     }
   }
   JoinThread();
   return EWaitOutcome::Finished;
-}
-
-void CSolvingSession::MarkTimedOut(SolvingRequest& request) {
-  request.result.nResultCode = kTimedOutResultCode;
-  request.result.nMove = kNoMoveField;
 }
 
 void CSolvingSession::JoinThread() {

@@ -1,13 +1,13 @@
 #pragma once
 // The one way to solve a problem, for the console and for the window alike. Start returns at
 // once: the passes run in a solving thread of their own, which reports progress and results
-// through callbacks carrying plain values. The callbacks run in that thread; a window
-// marshals them to its own thread. Stop, pause and resume may be called from any thread.
+// through callbacks carrying plain values. The callbacks run in that thread (a window
+// marshals them to its own) and must neither throw nor start or wait for a solve of the same
+// session. Stop, pause and resume may be called from any thread.
 #include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -17,6 +17,7 @@
 
 #include "app/Options.h"
 #include "app/SolverCommands.h"
+#include "app/SolvingEvents.h"
 #include "app/SolvingRequest.h"
 #include "engine/ThreadSettings.h"
 #include "problems/Problem.h"
@@ -26,42 +27,10 @@ class CMateSolver;
 struct TRootOutcome;
 
 struct TSolveOrder {
-  const TProblem* pProblem = nullptr;      // must outlive the solve
-  bool bFindAll = false;                   // all solutions, whatever the problem asks for
-  std::optional<TThreadSettings> threads;  // the session's defaults when not given
-  bool bMirrorSwitch = true;               // run the mirrored pass where the problem allows
-};
-
-// A snapshot of the running pass.
-struct TPassProgress {
-  std::string sLabel;  // "12" or "12 M1"
-  int nMirrorPass = 0;
-  int nMoves = 0;  // the N of "#N"
-  unsigned nThreads = 1;
-  bool bSafeModeShown = false;  // quick mode is configured and this pass runs safe
-  std::uint64_t nPositions = 0;
-  double dShareDone = 0;  // of the first moves taken up, 0..1
-  std::int64_t nElapsedSeconds = 0;
-  int nCurrentMove = 0;  // index of the first move being analysed, in the sorted order
-  int nFirstMoves = 0;
-  std::string sCurrentMove;  // in the long notation
-  bool bPaused = false;
-};
-
-struct TPassOutcome {
-  std::string sLabel;
-  int nMirrorPass = 0;
-  TSolvingResult result;
-  std::vector<std::string> reportLines;  // the completion texts in the settings' language
-};
-
-struct TSessionCallbacks {
-  std::function<void(const TPassProgress&)> onProgress = nullptr;
-  std::function<void(const TPassOutcome&)> onPassFinished = nullptr;
-  std::function<void()> onSolveFinished = nullptr;
-  // Asked before a solve whose problem wants another thread count; true adopts it.
-  std::function<bool(const TThreadSettings& forced, const std::string& question)> askForcedThreads =
-      nullptr;
+  const TProblem* pProblem = nullptr;  // must outlive the solve
+  bool bFindAll = false;               // all solutions, whatever the problem asks for
+  std::optional<TThreadSettings> threads = std::nullopt;  // the session's defaults when not given
+  bool bMirrorSwitch = true;  // run the mirrored pass where the problem allows
 };
 
 inline constexpr int kNoTimeLimit = -1;
@@ -113,12 +82,10 @@ class CSolvingSession {
                          std::chrono::steady_clock::time_point start);
   TPassProgress Snapshot(const CMateSolver& solver, const SolvingRequest& request,
                          std::chrono::steady_clock::time_point start) const;
-  void FillResult(SolvingRequest& request, const TRootOutcome& outcome, bool bStopped) const;
   void ReportPassEnd(const SolvingRequest& request) const;
   // Makes the solver the target of stop and pause, passing on the requests made so far.
   void SetActiveSolver(CMateSolver* solver);
   void JoinThread();
-  void MarkTimedOut(SolvingRequest& request);
 
   const COptions settings;
   const TSessionCallbacks callbacks;

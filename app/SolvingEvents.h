@@ -1,0 +1,51 @@
+#pragma once
+// What a solve tells its caller while it runs and when a pass ends: plain values only, so
+// that a caller in another thread may keep them.
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/SolvingRequest.h"
+#include "engine/ThreadSettings.h"
+
+class CMateSolver;
+struct TRootOutcome;
+
+// A snapshot of the running pass.
+struct TPassProgress {
+  std::string sLabel;  // "12" or "12 M1"
+  int nMirrorPass = 0;
+  int nMoves = 0;  // the N of "#N"
+  unsigned nThreads = 1;
+  bool bSafeModeShown = false;  // quick mode is configured and this pass runs safe
+  std::uint64_t nPositions = 0;
+  double dShareDone = 0;  // of the first moves taken up, 0..1
+  std::int64_t nElapsedSeconds = 0;
+  int nCurrentMove = 0;  // index of the first move being analysed, in the sorted order
+  int nFirstMoves = 0;
+  std::string sCurrentMove;  // in the long notation
+  bool bPaused = false;
+};
+
+struct TPassOutcome {
+  std::string sLabel;
+  int nMirrorPass = 0;
+  TSolvingResult result;
+  std::vector<std::string> reportLines;  // the completion texts in the settings' language
+};
+
+struct TSessionCallbacks {
+  std::function<void(const TPassProgress&)> onProgress = nullptr;
+  std::function<void(const TPassOutcome&)> onPassFinished = nullptr;
+  std::function<void()> onSolveFinished = nullptr;
+  // Asked before a solve whose problem wants another thread count; true adopts it.
+  std::function<bool(const TThreadSettings& forced, const std::string& question)> askForcedThreads =
+      nullptr;
+};
+
+// The progress of the pass that solver runs for request.
+TPassProgress PassProgress(const CMateSolver& solver, const SolvingRequest& request,
+                           std::int64_t nElapsedMs, bool bQuickMode);
+// Files what the search found into the request's result.
+void RecordOutcome(const TRootOutcome& outcome, bool bStopped, SolvingRequest& request);
