@@ -1,5 +1,7 @@
 #include "app/SolvingSession.h"
 
+#include <algorithm>
+
 #include "app/ConsoleProgress.h"
 #include "app/GuiLog.h"
 #include "app/ProgramState.h"
@@ -39,14 +41,19 @@ std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& sett
                                                        settings.nMaxMemRatioForTempReg));
 }
 
+// The machine's defaults; the settings file keeps only whether levels are on, and a
+// solve always runs at one level at least.
+TThreadSettings MachineThreads(const COptions& settings) {
+  return DefaultThreadSettings(platform::PhysicalCoreCount(), platform::LogicalProcessorCount(),
+                               std::max<unsigned>(1, settings.nMultithreadingLevels));
+}
+
 }  // namespace
 
 CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sessionCallbacks)
     : settings(options),
       callbacks(std::move(sessionCallbacks)),
-      defaultThreads(DefaultThreadSettings(platform::PhysicalCoreCount(),
-                                           platform::LogicalProcessorCount(),
-                                           options.nMultithreadingLevels)),
+      defaultThreads(MachineThreads(options)),
       sGuiLogPath(GetProgramState().guiLogPath.string()),
       tempRegister(MakeTempRegister(options)) {}
 
