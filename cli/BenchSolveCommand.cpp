@@ -42,7 +42,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     if (!fen::ReadFen(start, row.at("fen"))) throw std::runtime_error("Improper FEN code: " + row.at("id"));
     TChessboardRegister<bool> reg(args.nRegisterElements);
     CMateSolver solver(start, std::stoi(row.at("n")),
-                       {args.nThreads, 0, 2, &reg});
+                       {.nThreads = args.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
     const auto begin = std::chrono::steady_clock::now();
     const TRootOutcome outcome = solver.Run();
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();

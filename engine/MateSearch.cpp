@@ -36,6 +36,16 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
   return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot], whiteKillers[board.ply]);
 }
 
+bool CMateSearch::MayGoOn() const {
+  for (;;) {
+    if (Interrupted()) return false;
+    const bool bPaused = context.runState.load(std::memory_order_relaxed) == runstate::kPause ||
+                         threadState.load(std::memory_order_relaxed) == kThreadPause;
+    if (!bPaused) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+}
+
 bool CMateSearch::UsesRegister(const TChessboard& board) const {
   return context.pRegister != nullptr && board.ply >= kMinRegisterPlies &&
          !registerkey::HasEnPassantRight(board);
@@ -43,12 +53,12 @@ bool CMateSearch::UsesRegister(const TChessboard& board) const {
 
 void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   // An interrupted search proves nothing.
-  if (context.IsStopping() || !UsesRegister(board)) return;
+  if (Interrupted() || !UsesRegister(board)) return;
   context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
 }
 
 void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
-  if (context.IsStopping() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
+  if (Interrupted() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
   context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
 }
 
@@ -73,7 +83,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
       continue;
     }
     const MateResult result = BlackNode(child);
-    if (context.IsStopping()) return mate::kDoubtful;
+    if (Interrupted()) return mate::kDoubtful;
     if (result == mate::kMate) {
       whiteKillers[board.ply] = child.lastMove;
       FileAnswer(board, 1);
@@ -100,8 +110,7 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
 }
 
 MateResult CMateSearch::BlackNode(const TChessboard& board) {
-  if (context.runState.load(std::memory_order_relaxed) != runstate::kRun && !context.WaitWhilePaused())
-    return mate::kDoubtful;
+  if (!MayGoOn()) return mate::kDoubtful;
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
   if (board.ply >= kMinBlackRegisterPlies && UsesRegister(board)) {

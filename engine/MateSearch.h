@@ -1,5 +1,7 @@
 #pragma once
 #include <atomic>
+#include <chrono>
+#include <thread>
 #include <cstdint>
 #include <vector>
 
@@ -26,6 +28,17 @@ class CMateSearch {
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
 
+  // Per-thread state, beside the solve's run state: run, paused alone, or asked to end.
+  static constexpr std::uint8_t kThreadRun = 1, kThreadPause = 2, kThreadEnd = 254;
+  void SetThreadState(std::uint8_t state) { threadState.store(state); }
+  // A flag that, once set, makes the current search give up (its task was settled elsewhere).
+  void SetAbandonFlag(const std::atomic<bool>* flag) { abandon = flag; }
+  // Whether results are no longer worth anything: stop, end of this thread, abandoned task.
+  bool Interrupted() const {
+    return context.IsStopping() || threadState.load(std::memory_order_relaxed) == kThreadEnd ||
+           (abandon != nullptr && abandon->load(std::memory_order_relaxed));
+  }
+
   // The ply at which a kRepetition result returned for a node of this ply settles.
   std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
   // Legal positions made so far (read by the progress display from other threads).
@@ -42,6 +55,8 @@ class CMateSearch {
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
+  // Parks the thread while the solve or this thread is paused; false when it must give up.
+  bool MayGoOn() const;
 
   SearchContext& context;
   std::vector<TChessboard> line;           // Black's successors: line[ply]
@@ -50,4 +65,6 @@ class CMateSearch {
   std::vector<std::uint16_t> repetitionMarks;
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};
+  std::atomic<std::uint8_t> threadState{kThreadRun};
+  const std::atomic<bool>* abandon = nullptr;
 };

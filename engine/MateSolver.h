@@ -16,6 +16,9 @@ class CMateSolver {
     int nMaxSolutions = 1;  // 0: all solutions
     std::uint8_t passNumber = 2;
     TChessboardRegister<bool>* pRegister = nullptr;
+    // First-move levels split among the threads; the root search shares the first moves
+    // and their Black replies, which is what one level asks for.
+    int nLevels = 1;
   };
 
   // start's squares and derived fields are used; its ply is set to 2N - 1 here.
@@ -23,7 +26,15 @@ class CMateSolver {
   TRootOutcome Run();
   void Stop() { context.runState.store(runstate::kStop); }
   void Pause() { context.runState.store(runstate::kPause); }
-  void Resume() { context.runState.store(runstate::kRun); }
+  void Resume() {
+    context.runState.store(runstate::kRun);
+    search->ResumeAllThreads();
+  }
+  // Pauses only the thread analysing the current first move.
+  void PauseOneThread() { search->PauseCurrentThread(); }
+  void ShiftCurrentMoveToEnd() { search->ShiftCurrentMoveToEnd(); }
+  void SwapCurrentWithNext() { search->SwapCurrentWithNext(); }
+  void SkipToNextMove() { search->SkipToNextMove(); }
   bool WasStopped() const { return context.runState.load() >= runstate::kStop; }
 
   std::uint64_t Positions() const { return search->Positions(); }

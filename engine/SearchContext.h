@@ -1,8 +1,6 @@
 #pragma once
 #include <atomic>
-#include <chrono>
 #include <cstdint>
-#include <thread>
 
 #include "registers/ChessboardRegister.h"
 
@@ -31,14 +29,5 @@ struct SearchContext {
   bool IsStopping() const {
     return runState.load(std::memory_order_relaxed) >= runstate::kStop ||
            bAbandon.load(std::memory_order_relaxed);
-  }
-  // Parks the calling thread while paused; returns false once a stop is requested.
-  bool WaitWhilePaused() const {
-    for (;;) {
-      const std::uint8_t state = runState.load(std::memory_order_relaxed);
-      if (state == runstate::kRun) return true;
-      if (state >= runstate::kStop) return false;
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
   }
 };

@@ -90,7 +90,7 @@ bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
   for (const TEngineRun& run : kEngineRuns) {
     TChessboardRegister<bool> reg(1'000'000);
-    CMateSolver solver(start, nMoves, {run.nThreads, 0, 2, &reg});
+    CMateSolver solver(start, nMoves, {.nThreads = run.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
     const TRootOutcome outcome = solver.Run();
     const std::string where =
         fen::WriteShortFen(start) + " #" + std::to_string(nMoves) + ", " + run.name;

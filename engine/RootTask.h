@@ -1,0 +1,46 @@
+#pragma once
+#include <atomic>
+#include <mutex>
+#include <vector>
+
+#include "core/Chessboard.h"
+#include "engine/MateResult.h"
+
+// One first move of White and the Black node after it. The worker that takes the move
+// makes Black's replies and lays them out here; idle workers take replies from the same
+// list, so the proof of a key (every reply mated) is shared among the threads. The first
+// reply that is not mated settles the move and tells the others to give up.
+struct TRootTask {
+  enum EState : int { kPending, kRunning, kDone };
+
+  TChessboard child;  // the position after the first move, Black to move
+  std::atomic<int> state{kPending};
+  MateResult result = mate::kNoMate;  // final once state is kDone
+
+  std::vector<TChessboard> replies;  // ready once bRepliesReady is set
+  std::atomic<bool> bRepliesReady{false};
+  std::atomic<int> nNextReply{0};
+  std::atomic<int> nWorkersInside{0};
+  std::atomic<bool> bAbandoned{false};  // refuted, skipped or shifted: stop working on it
+
+  std::mutex refutationMutex;
+  bool bRefuted = false;  // under refutationMutex
+  MateResult refutation = mate::kNoMate;
+  std::uint16_t refutationMark = 0;
+
+  // Requested by the manual commands while the move runs: give the result up and queue it
+  // again, at the end or behind the next pending move.
+  enum ERequeue : int { kNoRequeue, kRequeueAtEnd, kRequeueBehindNext, kSkip };
+  std::atomic<int> requeue{kNoRequeue};
+
+  void ResetForAnotherRun() {
+    replies.clear();
+    bRepliesReady = false;
+    nNextReply = 0;
+    bAbandoned = false;
+    bRefuted = false;
+    refutation = mate::kNoMate;
+    refutationMark = 0;
+    requeue = kNoRequeue;
+  }
+};
