@@ -20,6 +20,7 @@
 #include "app/Startup.h"
 #include "cli/Commands.h"
 #include "core/ChessException.h"
+#include "core/Fen.h"
 #include "core/Notation.h"
 #include "problems/Collection.h"
 
@@ -170,6 +171,7 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
   if (!args.fen.empty()) {
     try {
       fenProblem = DirectMateFromFen(args.fen, args.nMate);
+      fen::CheckStartPosition(fenProblem->start);
     } catch (const ChessException& error) {
       BadInput(std::string(error.what()) + ": " + args.fen);
     }

@@ -40,6 +40,7 @@ TEST(SolveCommand, ExitStatuses) {
       {"problems.cp --problem 4", 2, ""},
       {"problems.cp --threads 32^3", 2, ""},
       {"--fen 8/8/8 --mate 2", 2, ""},
+      {"--fen 4k3/8/8/8/8/8/8/4RK2 --mate 2", 2, ""},  // Black in check
   };
   for (const auto& c : cases) {
     const std::string command = "cd '" + folder.Path().string() + "' && '" +
