@@ -42,20 +42,43 @@ const TRuleCase kRuleCases[] = {
     {"in check", "1k2r3/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"blocked", "3k4/8/8/8/8/8/8/R3KB1R w - - 0 1", {}, "e1g1", false},
     {"black short castling", "r3k2r/8/8/8/8/8/8/K7 b - - 0 1", {}, "e8g8", true},
-    {"king walked away and back", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
-     {"e1f1", "d8c8", "f1e1", "c8d8"}, "e1g1", false},
-    {"rook walked away and back", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
-     {"h1h2", "d8c8", "h2h1", "c8d8"}, "e1g1", false},
-    {"other rook still may castle", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
-     {"h1h2", "d8c8", "h2h1", "c8d8"}, "e1c1", true},
-    {"rook captured on its corner", "3k4/8/8/8/8/7R/6b1/R3K2R b - - 0 1",
-     {"g2h1", "h3h2", "h1c6", "h2h1", "d8c8"}, "e1g1", false},
+    {"king walked away and back",
+     "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"e1f1", "d8c8", "f1e1", "c8d8"},
+     "e1g1",
+     false},
+    {"rook walked away and back",
+     "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"h1h2", "d8c8", "h2h1", "c8d8"},
+     "e1g1",
+     false},
+    {"other rook still may castle",
+     "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
+     {"h1h2", "d8c8", "h2h1", "c8d8"},
+     "e1c1",
+     true},
+    {"rook captured on its corner",
+     "3k4/8/8/8/8/7R/6b1/R3K2R b - - 0 1",
+     {"g2h1", "h3h2", "h1c6", "h2h1", "d8c8"},
+     "e1g1",
+     false},
     {"en passant never on first move", "k7/8/8/3pP3/8/8/8/K7 w - d6 0 1", {}, "e5d6", false},
     {"en passant after double step", "k7/3p4/8/4P3/8/8/8/K7 b - - 0 1", {"d7d5"}, "e5d6", true},
-    {"en passant only at once", "k7/3p4/8/4P3/8/8/8/K7 b - - 0 1",
-     {"d7d5", "a1a2", "a8b8"}, "e5d6", false},
-    {"no en passant after single steps", "k7/8/3p4/4P3/8/8/8/K7 b - - 0 1", {"d6d5"}, "e5d6", false},
-    {"en passant uncovering rank check", "8/3p4/8/K3P2r/8/8/8/7k b - - 0 1", {"d7d5"}, "e5d6", false},
+    {"en passant only at once",
+     "k7/3p4/8/4P3/8/8/8/K7 b - - 0 1",
+     {"d7d5", "a1a2", "a8b8"},
+     "e5d6",
+     false},
+    {"no en passant after single steps",
+     "k7/8/3p4/4P3/8/8/8/K7 b - - 0 1",
+     {"d6d5"},
+     "e5d6",
+     false},
+    {"en passant uncovering rank check",
+     "8/3p4/8/K3P2r/8/8/8/7k b - - 0 1",
+     {"d7d5"},
+     "e5d6",
+     false},
     {"black en passant", "k7/8/8/8/4p3/8/3P4/K7 w - - 0 1", {"d2d4"}, "e4d3", true},
     {"pinned knight", "k3r3/8/8/8/8/8/4N3/4K3 w - - 0 1", {}, "e2c3", false},
     {"pinned rook along the pin", "k3r3/8/8/8/8/8/4R3/4K3 w - - 0 1", {}, "e2e8", true},
@@ -71,8 +94,10 @@ TEST(MoveOrder, FollowsTheFixedGenerationOrders) {
     const char* fen;
     std::vector<std::string> expected;
   } cases[] = {
-      // The king on a1 comes first (square order); its steps go up first. Rook rays: up, down, right, left.
-      {"k7/8/8/8/8/8/1p6/KR6 w - - 0 1", {"a1a2", "a1b2", "b1b2", "b1c1", "b1d1", "b1e1", "b1f1", "b1g1", "b1h1"}},
+      // The king on a1 comes first (square order); its steps go up first. Rook rays: up, down,
+      // right, left.
+      {"k7/8/8/8/8/8/1p6/KR6 w - - 0 1",
+       {"a1a2", "a1b2", "b1b2", "b1c1", "b1d1", "b1e1", "b1f1", "b1g1", "b1h1"}},
       // Knight: file -1 (rank -2, +2), file -2, file +1, file +2.
       {"k7/8/8/8/8/8/8/K5N1 w - - 0 1", {"a1a2", "a1b2", "a1b1", "g1f3", "g1e2", "g1h3"}},
       // Promotions Q R B N: the step first, then the capture towards the higher file.
@@ -89,8 +114,9 @@ TEST(MoveOrder, FollowsTheFixedGenerationOrders) {
 
 TEST(MoveOrder, BlackKingStepsBelowThenAboveThenBeside) {
   CLinePosition position("8/8/8/4k3/8/8/8/K7 b - - 0 1");
-  EXPECT_EQ(MoveTexts(position.Root(), false),
-            (std::vector<std::string>{"e5e4", "e5d4", "e5f4", "e5e6", "e5d6", "e5f6", "e5d5", "e5f5"}));
+  EXPECT_EQ(
+      MoveTexts(position.Root(), false),
+      (std::vector<std::string>{"e5e4", "e5d4", "e5f4", "e5e6", "e5d6", "e5f6", "e5d5", "e5f5"}));
 }
 
 TEST(Evasions, DoubleCheckLeavesOnlyKingMoves) {

@@ -11,14 +11,16 @@ TEST(Perft, MatchesReferenceCountsAtShallowDepths) {
     if (nExpected > 500'000) continue;
     const int depth = std::stoi(row.at("depth"));
     const perft::CPerftPosition position(row.at("fen"), depth);
-    EXPECT_EQ(perft::Perft(position.Root(), depth), nExpected) << row.at("name") << " depth " << depth;
+    EXPECT_EQ(perft::Perft(position.Root(), depth), nExpected)
+        << row.at("name") << " depth " << depth;
     ++nChecked;
   }
   EXPECT_GE(nChecked, 20);
 }
 
 TEST(Perft, DivideSumsToTheTotal) {
-  const perft::CPerftPosition position("r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1", 2);
+  const perft::CPerftPosition position(
+      "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1", 2);
   std::uint64_t total = 0;
   const auto counts = perft::Divide(position.Root(), 2);
   for (const auto& entry : counts) total += entry.second;
