@@ -12,7 +12,7 @@ struct TSolvingPlanSettings {
   ESolvingMode solvingMode = ESolvingMode::SingleSolution;
   TThreadSettings threads = {};
   bool bQuickMode = true;     // the QuickMode setting
-  bool bMirrorSwitch = true;  // run the mirrored pass where the problem allows it
+  bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows it
 };
 
 // Pass 0 on the position as given and pass 1 on it mirrored left to right. NOMIRROR drops

@@ -30,7 +30,7 @@ struct TSolveOrder {
   const TProblem* pProblem = nullptr;  // must outlive the solve
   bool bFindAll = false;               // all solutions, whatever the problem asks for
   std::optional<TThreadSettings> threads = std::nullopt;  // the session's defaults when not given
-  bool bMirrorSwitch = true;  // run the mirrored pass where the problem allows
+  bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows
 };
 
 inline constexpr int kNoTimeLimit = -1;

@@ -34,6 +34,7 @@ struct TSolveArguments {
   bool bAll = false;
   int nTimeLimitSeconds = kNoTimeLimit;
   bool bQuiet = false;
+  bool bMirror = false;
   std::string threads;
 };
 
@@ -144,7 +145,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
     return;
   }
   if (const auto refusal =
-          session.Start({.pProblem = &problem, .bFindAll = args.bAll, .threads = threads})) {
+          session.Start({.pProblem = &problem, .bFindAll = args.bAll, .threads = threads,
+                         .bMirrorSwitch = args.bMirror})) {
     std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
     Count({.end = EProblemEnd::Failed}, tally);
     return;
@@ -250,6 +252,8 @@ void AddSolveCommand(CLI::App& app) {
   command->add_option("--time-limit", args->nTimeLimitSeconds, "seconds per problem")
       ->check(CLI::PositiveNumber);
   command->add_flag("--quiet", args->bQuiet, "no progress line on stderr");
+  command->add_flag("--mirror", args->bMirror,
+                    "also solve the position mirrored left to right (a check of the first pass)");
   command->add_option("--threads", args->threads, "threads and levels as T or T^L");
   command->callback([args] { RunSolve(*args); });
 }

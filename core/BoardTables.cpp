@@ -38,12 +38,14 @@ TBoardTables Build() {
       while (OnBoard(file, rank)) {
         const SquareIndex to = square::Make(file, rank);
         ray.squares[ray.n++] = to;
+        t.rayMask[from][d] |= 1ULL << to;
         t.direction[from][to] = static_cast<std::int8_t>(d);
         file += kDirectionSteps[d][0];
         rank += kDirectionSteps[d][1];
       }
     }
     FillSteps(t.knightTargets[from], from, kKnightSteps);
+    for (int i = 0; i < t.knightTargets[from].n; ++i) t.knightMask[from] |= 1ULL << t.knightTargets[from].squares[i];
     FillSteps(t.whiteKingSteps[from], from, kWhiteKingSteps);
     FillSteps(t.blackKingSteps[from], from, kBlackKingSteps);
   }

@@ -23,6 +23,8 @@ struct TBoardTables {
   TSquareList whiteKingSteps[64]; // in White's king-step order
   TSquareList blackKingSteps[64]; // in Black's king-step order
   std::int8_t direction[64][64];  // direction from the first square to the second, or -1
+  std::uint64_t rayMask[64][8];   // the squares of each ray as a set
+  std::uint64_t knightMask[64];   // the knight's targets as a set
 };
 
 // Built before main runs; nothing reads it during static initialisation.

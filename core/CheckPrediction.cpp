@@ -2,6 +2,11 @@
 
 #include "core/BoardTables.h"
 
+#include <bit>
+#include <cstring>
+
+#include "core/MoveGeneration.h"
+
 namespace attacks {
 namespace {
 
@@ -112,6 +117,63 @@ bool CCheckFilter::MayGiveCheck(TMove m) const {
     case piece::kQueen: return ((straightSquares | diagonalSquares) & to) != 0;
     default: return false;
   }
+}
+
+int CCheckFilter::SliderChecks(SquareIndex from, int firstDirection, int lastDirection,
+                               std::uint64_t targets, TMove* out) const {
+  const auto& t = tables::Get();
+  const PieceCode* sq = board.squares;
+  const PieceCode enemy = board.IsWhiteToMove() ? piece::kBlack : piece::kWhite;
+  int n = 0;
+  for (int d = firstDirection; d < lastDirection; ++d) {
+    if ((t.rayMask[from][d] & targets) == 0) continue;
+    const tables::TSquareList& ray = t.rays[from][d];
+    for (int i = 0; i < ray.n; ++i) {
+      const SquareIndex to = ray.squares[i];
+      const PieceCode p = sq[to];
+      if ((p == piece::kEmpty || (p & enemy)) && ((targets >> to) & 1))
+        out[n++] = TMove{from, to, 0, 0};
+      if (p != piece::kEmpty) break;
+    }
+  }
+  return n;
+}
+
+int CCheckFilter::GenerateCheckingMoves(TMove* out) const {
+  const auto& t = tables::Get();
+  const PieceCode* sq = board.squares;
+  const std::uint64_t sideBits = 0x0101010101010101ULL * piece::SideMask(board.IsWhiteToMove());
+  const PieceCode enemy = board.IsWhiteToMove() ? piece::kBlack : piece::kWhite;
+  int n = 0;
+  for (int w = 0; w < 8; ++w) {
+    std::uint64_t word;
+    std::memcpy(&word, sq + 8 * w, 8);
+    for (std::uint64_t own = word & sideBits; own != 0; own &= own - 1) {
+      const auto from = static_cast<SquareIndex>(8 * w + std::countr_zero(own) / 8);
+      const PieceCode type = piece::TypeOf(sq[from]);
+      // Screens, pawns and kings (castling) are rare: generate their moves and filter them.
+      if (((uncoverers >> from) & 1) || type == piece::kPawn || type == piece::kKing) {
+        TMove moves[kMoveBufferSize];
+        const int nMoves = movegen::GeneratePieceMoves(board, from, moves);
+        for (int i = 0; i < nMoves; ++i)
+          if (MayGiveCheck(moves[i])) out[n++] = moves[i];
+        continue;
+      }
+      switch (type) {
+        case piece::kKnight:
+          for (std::uint64_t to = t.knightMask[from] & knightSquares; to != 0; to &= to - 1) {
+            const auto target = static_cast<SquareIndex>(std::countr_zero(to));
+            if (sq[target] == piece::kEmpty || (sq[target] & enemy)) out[n++] = TMove{from, target, 0, 0};
+          }
+          break;
+        case piece::kRook: n += SliderChecks(from, 0, 4, straightSquares, out + n); break;
+        case piece::kBishop: n += SliderChecks(from, 4, 8, diagonalSquares, out + n); break;
+        case piece::kQueen: n += SliderChecks(from, 0, 8, straightSquares | diagonalSquares, out + n); break;
+        default: break;
+      }
+    }
+  }
+  return n;
 }
 
 }  // namespace attacks

@@ -18,11 +18,16 @@ class CCheckFilter {
  public:
   explicit CCheckFilter(const TChessboard& board);
   bool MayGiveCheck(TMove move) const;
+  // The moves of the side to move for which MayGiveCheck holds, in generation order, found
+  // without generating the rest: rays that cannot reach a checking square are not walked.
+  int GenerateCheckingMoves(TMove* out) const;
 
  private:
   const TChessboard& board;
   SquareIndex enemyKing;
   std::uint64_t knightSquares = 0, pawnSquares = 0, straightSquares = 0, diagonalSquares = 0;
+  int SliderChecks(SquareIndex from, int firstDirection, int lastDirection, std::uint64_t targets,
+                   TMove* out) const;
   std::uint64_t uncoverers = 0;               // own pieces that alone screen a slider's check
   std::int8_t uncoverDirection[64] = {};      // the king's direction to each of them
 };

@@ -69,6 +69,11 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     if (known == 1) return mate::kMate;
     if (known == 0) return mate::kNoMate;
   }
+  // After a weak defence a mate in one is common and cheap to find: look before any line.
+  if (MateInOne(board)) {
+    FileAnswer(board, 1);
+    return mate::kMate;
+  }
   TChessboard* children;
   const std::uint8_t* order;
   const int n = OrderedWhiteChildren(board, children, order);
@@ -167,11 +172,9 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
 
 bool CMateSearch::MateInOne(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(board, moves);
+  const int n = attacks::CCheckFilter(board).GenerateCheckingMoves(moves);
   TChessboard& child = line[board.ply];
-  const attacks::CCheckFilter checks(board);
   for (int i = 0; i < n; ++i) {
-    if (!checks.MayGiveCheck(moves[i])) continue;
     child = board;
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;

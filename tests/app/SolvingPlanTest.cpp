@@ -51,7 +51,7 @@ TEST(SolvingPlan, WhichBoardPassesRun) {
 
 TEST(SolvingPlan, MirroredPassGetsTheMirroredBoard) {
   const auto problem = DirectMateFromFen(kPlainFen, 2, 12);
-  const auto passes = PlanSolvingPasses(*problem, {});
+  const auto passes = PlanSolvingPasses(*problem, {.bMirrorSwitch = true});
   ASSERT_EQ(passes.size(), 2u);
   EXPECT_EQ(fen::WriteShortFen(passes[0]->board), kPlainFen);
   EXPECT_EQ(fen::WriteShortFen(passes[1]->board), "2brrb2/8/7p/Q7/1pPpk1p1/1K1Np1P1/4P3/8");

@@ -96,7 +96,7 @@ TEST(SolvingSession, ReportsThroughCallbacks) {
                                               },
                                           .onSolveFinished = [&] { ++nFinished; }});
   const auto problem = ReferenceProblem(kMates, "loyd-1859", 0, 37);
-  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  ASSERT_EQ(session.Start({.pProblem = problem.get(), .bMirrorSwitch = true}), std::nullopt);
   session.Wait({.bQuiet = true});
   EXPECT_EQ(nFinished, 1);
   ASSERT_FALSE(progress.empty());
@@ -117,7 +117,7 @@ TEST(SolvingSession, StopEndsALongSolveWithinASecond) {
   const int nThreadsBefore = ThreadCountBeforeSolving();
   CSolvingSession session(TestOptions());
   const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow, 0, 8);
-  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  ASSERT_EQ(session.Start({.pProblem = problem.get(), .bMirrorSwitch = true}), std::nullopt);
   std::this_thread::sleep_for(300ms);
   EXPECT_TRUE(session.IsRunning());
   EXPECT_TRUE(GetSolvingRegistry().Contains("8"));
