@@ -120,10 +120,12 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
   SolvingRegistry& registry = GetSolvingRegistry();
   registry.Add(request.RegistryName(), static_cast<int>(request.threads.nThreads));
   try {
-    CMateSolver::TSettings solverSettings{static_cast<int>(request.threads.nThreads),
-                                          MaxSolutions(request.solvingMode), kPassWithoutHeuristics,
-                                          tempRegister.get()};
-    SetSolverLevels(solverSettings, request.threads.nLevels);
+    const CMateSolver::TSettings solverSettings{
+        .nThreads = static_cast<int>(request.threads.nThreads),
+        .nMaxSolutions = MaxSolutions(request.solvingMode),
+        .passNumber = kPassWithoutHeuristics,
+        .pRegister = tempRegister.get(),
+        .nLevels = static_cast<int>(request.threads.nLevels)};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
     RecordOutcome(outcome, solver.WasStopped(), request);
@@ -206,7 +208,7 @@ void CSolvingSession::SetActiveSolver(CMateSolver* solver) {
   else if (pauseState == EPauseState::AllPaused)
     solver->Pause();
   else if (pauseState == EPauseState::OnePaused)
-    PauseOneSolverThread(*solver);
+    solver->PauseOneThread();
 }
 
 void CSolvingSession::Stop() {
@@ -224,7 +226,9 @@ void CSolvingSession::PauseAll() {
 bool CSolvingSession::PauseOneThread() {
   const std::lock_guard lock(controlMutex);
   pauseState = EPauseState::OnePaused;
-  return activeSolver && PauseOneSolverThread(*activeSolver);
+  if (!activeSolver) return false;
+  activeSolver->PauseOneThread();
+  return true;
 }
 
 void CSolvingSession::Resume() {
@@ -236,7 +240,8 @@ void CSolvingSession::Resume() {
 bool CSolvingSession::ApplyManualCommand(EManualCommand command) {
   const std::lock_guard lock(controlMutex);
   if (!settings.bEnableManualEngineControl || !activeSolver) return false;
-  return ::ApplyManualCommand(*activeSolver, command);
+  ::ApplyManualCommand(*activeSolver, command);
+  return true;
 }
 
 std::uint64_t CSolvingSession::Positions() const {

@@ -58,7 +58,8 @@ class CSolvingSession {
 
   void Stop();
   void PauseAll();
-  // Returns whether only the thread of the current move was parked (else all were).
+  // Parks the thread of the current move, in this pass and the next; returns whether a pass
+  // was running to take it.
   bool PauseOneThread();
   void Resume();
   // Returns whether the running solver took the command; refused unless the
