@@ -13,12 +13,21 @@ namespace {
 
 struct TBenchSolveArguments {
   std::string set = "../shared/data/directmates.tsv";
+  std::string only;
   bool bAllRows = false;
   int nThreads = 1;
-  std::string only;
+  int nRuns = 1;
   std::uint32_t nRegisterElements = 20'000'000;
 };
 
+struct TTiming {
+  double seconds = 0;  // median of the runs
+  std::uint64_t nPositions = 0;
+  std::vector<std::string> keys;
+  std::uint32_t nRegisterPeak = 0;
+};
+
+// Keys compared by their squares: the reference writes some captures with '-'.
 std::string SortedKeys(std::vector<std::string> keys) {
   for (auto& key : keys) std::replace(key.begin(), key.end(), ':', '-');
   std::sort(keys.begin(), keys.end());
@@ -27,51 +36,88 @@ std::string SortedKeys(std::vector<std::string> keys) {
   return text;
 }
 
+std::vector<std::string> PublishedKeys(const std::string& field) {
+  std::vector<std::string> keys;
+  for (size_t at = 0; at < field.size();) {
+    const size_t end = std::min(field.find_first_of(" ,", at), field.size());
+    if (end > at) keys.push_back(field.substr(at, end - at));
+    at = end + 1;
+  }
+  return keys;
+}
+
+// All solutions with a fresh register per run, so that runs do not help each other.
+TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args) {
+  TTiming timing;
+  std::vector<double> seconds;
+  for (int run = 0; run < args.nRuns; ++run) {
+    TChessboardRegister<bool> reg(args.nRegisterElements);
+    CMateSolver solver(start, nMoves, {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    const auto begin = std::chrono::steady_clock::now();
+    const TRootOutcome outcome = solver.Run();
+    seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    timing.nPositions = outcome.nPositions;
+    timing.keys.clear();
+    for (TMove key : outcome.keys) timing.keys.push_back(notation::MoveToText(start, key));
+    timing.nRegisterPeak = std::max(timing.nRegisterPeak, reg.GetPeakElementsIn());
+  }
+  std::sort(seconds.begin(), seconds.end());
+  timing.seconds = seconds[seconds.size() / 2];
+  return timing;
+}
+
+bool Selected(const CTsvTable::TRow& row, const TBenchSolveArguments& args) {
+  if (!args.only.empty()) return row.at("id").find(args.only) != std::string::npos;
+  return args.bAllRows || !row.count("bench") || row.at("bench") == "yes";
+}
+
+double ReferenceSeconds(const CTsvTable::TRow& row) {
+  const auto found = row.find("popeye_seconds");
+  if (found == row.end() || found->second.empty() || found->second == "timeout") return 0;
+  return std::stod(found->second);
+}
+
 void RunBenchSolve(const TBenchSolveArguments& args) {
-  const CTsvTable table = CTsvTable::Read(args.set);
-  std::printf("%-18s %3s %9s %12s %11s %9s %7s\n", "problem", "#", "seconds", "positions", "pos/s",
-              "ref s", "ratio");
-  double total = 0, referenceTotal = 0;
+  const bool bCompare = args.nThreads > 1;
+  std::printf("%-20s %3s %9s %12s %11s %9s %7s", "problem", "#", "seconds", "positions", "pos/s", "ref s", "ratio");
+  if (bCompare) std::printf(" %9s %8s", "T thr s", "speedup");
+  std::printf("\n");
+  double total = 0, referenceTotal = 0, threadedTotal = 0;
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
+  const CTsvTable table = CTsvTable::Read(args.set);
   for (const auto& row : table.Rows()) {
-    if (!args.only.empty() && row.at("id").find(args.only) == std::string::npos) continue;
-    if (args.only.empty() && !args.bAllRows && row.count("bench") && row.at("bench") != "yes") continue;
+    if (!Selected(row, args)) continue;
     TChessboard start;
     ClearChessboard(start);
     if (!fen::ReadFen(start, row.at("fen"))) throw std::runtime_error("Improper FEN code: " + row.at("id"));
-    TChessboardRegister<bool> reg(args.nRegisterElements);
-    CMateSolver solver(start, std::stoi(row.at("n")),
-                       {.nThreads = args.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
-    const auto begin = std::chrono::steady_clock::now();
-    const TRootOutcome outcome = solver.Run();
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-    std::vector<std::string> keys;
-    for (TMove key : outcome.keys) keys.push_back(notation::MoveToText(start, key));
-    std::vector<std::string> published;
-    std::string field = row.at("keys");
-    for (size_t at = 0; at < field.size();) {
-      const size_t end = std::min(field.find_first_of(" ,", at), field.size());
-      if (end > at) published.push_back(field.substr(at, end - at));
-      at = end + 1;
-    }
-    const bool bRight = SortedKeys(keys) == SortedKeys(published);
-    const double reference = row.count("popeye_seconds") && !row.at("popeye_seconds").empty() &&
-                                     row.at("popeye_seconds") != "timeout"
-                                 ? std::stod(row.at("popeye_seconds"))
-                                 : 0;
-    nWrong += bRight ? 0 : 1;
-    nSlower += reference > 0 && seconds > reference ? 1 : 0;
-    nPeak = std::max(nPeak, reg.GetPeakElementsIn());
-    total += seconds;
+    const int nMoves = std::stoi(row.at("n"));
+    const TTiming single = Solve(start, nMoves, 1, args);
+    const std::string expected = SortedKeys(PublishedKeys(row.at("keys")));
+    bool bRight = SortedKeys(single.keys) == expected;
+    const double reference = ReferenceSeconds(row);
+    nSlower += reference > 0 && single.seconds > reference ? 1 : 0;
+    nPeak = std::max(nPeak, single.nRegisterPeak);
+    total += single.seconds;
     referenceTotal += reference;
-    std::printf("%-18s %3s %9.3f %12llu %11.0f %9.3f %7.3f%s\n", row.at("id").c_str(), row.at("n").c_str(),
-                seconds, static_cast<unsigned long long>(outcome.nPositions), outcome.nPositions / seconds,
-                reference, reference > 0 ? seconds / reference : 0, bRight ? "" : ("  WRONG: " + SortedKeys(keys)).c_str());
+    std::printf("%-20s %3d %9.3f %12llu %11.0f %9.3f %7.3f", row.at("id").c_str(), nMoves, single.seconds,
+                static_cast<unsigned long long>(single.nPositions), single.nPositions / single.seconds,
+                reference, reference > 0 ? single.seconds / reference : 0);
+    if (bCompare) {
+      const TTiming threaded = Solve(start, nMoves, args.nThreads, args);
+      bRight = bRight && SortedKeys(threaded.keys) == expected;
+      threadedTotal += threaded.seconds;
+      std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
+    }
+    std::printf("%s\n", bRight ? "" : ("  WRONG: " + SortedKeys(single.keys)).c_str());
     std::fflush(stdout);
+    nWrong += bRight ? 0 : 1;
   }
-  std::printf("total %.3f s, reference %.3f s, ratio %.3f; %d wrong, %d slower than the reference; register peak %u\n",
+  std::printf("total %.3f s, reference %.3f s, ratio %.3f; %d wrong, %d slower than the reference; "
+              "register peak %u entries\n",
               total, referenceTotal, referenceTotal > 0 ? total / referenceTotal : 0, nWrong, nSlower, nPeak);
+  if (bCompare)
+    std::printf("with %d threads: total %.3f s, speed-up %.2f\n", args.nThreads, threadedTotal, total / threadedTotal);
   if (nWrong > 0) throw CommandExit{1};
 }
 
@@ -79,10 +125,13 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
 
 void AddBenchSolveCommand(CLI::App& bench) {
   auto args = std::make_shared<TBenchSolveArguments>();
-  CLI::App* command = bench.add_subcommand("solve", "Solve the benchmark rows (all solutions)");
+  CLI::App* command = bench.add_subcommand("solve", "Solve the benchmark rows (all solutions), single-threaded");
   command->add_option("--set", args->set, "Table of problems (id, fen, n, keys, bench, popeye_seconds)");
-  command->add_flag("--all-rows", args->bAllRows, "Solve every row, not only those marked for the benchmark");
   command->add_option("--only", args->only, "Solve only the rows whose id contains this text");
-  command->add_option("--threads", args->nThreads, "Threads")->check(CLI::Range(1, 64));
+  command->add_flag("--all-rows", args->bAllRows, "Solve every row, not only those marked for the benchmark");
+  command->add_option("--threads", args->nThreads, "Also solve with this many threads and print the speed-up")
+      ->check(CLI::Range(1, 64));
+  command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")->check(CLI::Range(1, 99));
+  command->add_option("--register", args->nRegisterElements, "Register entries");
   command->callback([args] { RunBenchSolve(*args); });
 }
