@@ -1,8 +1,6 @@
 #include "TestData.h"
 
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include "app/TsvTable.h"
 
 namespace testdata {
 
@@ -21,31 +19,8 @@ std::vector<std::string> Split(const std::string& text, const std::string& separ
   return pieces;
 }
 
-static std::vector<std::string> SplitTabs(const std::string& line) {
-  std::vector<std::string> fields;
-  std::stringstream stream(line);
-  std::string field;
-  while (std::getline(stream, field, '\t')) fields.push_back(field);
-  if (!line.empty() && line.back() == '\t') fields.emplace_back();
-  return fields;
-}
-
 std::vector<TRow> ReadTsv(const std::string& fileName) {
-  const std::string path = std::string(LONGMATE_SHARED_DATA) + "/" + fileName;
-  std::ifstream in(path);
-  if (!in) throw std::runtime_error("cannot open reference data " + path);
-  std::string line;
-  std::getline(in, line);
-  const auto header = SplitTabs(line);
-  std::vector<TRow> rows;
-  while (std::getline(in, line)) {
-    if (line.empty()) continue;
-    const auto fields = SplitTabs(line);
-    TRow row;
-    for (size_t i = 0; i < header.size(); ++i) row[header[i]] = i < fields.size() ? fields[i] : "";
-    rows.push_back(row);
-  }
-  return rows;
+  return CTsvTable::Read(std::string(LONGMATE_SHARED_DATA) + "/" + fileName).Rows();
 }
 
 }  // namespace testdata
