@@ -13,6 +13,8 @@ namespace {
 // Below this many plies a lookup costs more than the search it saves.
 constexpr std::uint16_t kMinRegisterPlies = 3;
 constexpr std::uint16_t kMinBlackRegisterPlies = 4;
+// Shallower White nodes are over before another thread could join them.
+constexpr std::uint16_t kMinSplitPlies = 5;
 }  // namespace
 
 CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
@@ -77,27 +79,69 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   TChessboard* children;
   const std::uint8_t* order;
   const int n = OrderedWhiteChildren(board, children, order);
-  std::uint16_t mark = 0;
-  bool bDoubtful = false;
-  for (int i = 0; i < n; ++i) {
-    const TChessboard& child = children[order[i]];
-    CountPosition();
-    const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
-    if (repeated != 0) {
-      mark = std::max(mark, repeated);
-      continue;
+  TWhiteTally tally;
+  if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 && splitBoard->HasIdleWorkers()) {
+    TSplitPoint split;
+    split.children = children;
+    split.order = order;
+    split.n = n;
+    split.abandon.parent = abandon;
+    SearchWhiteChildrenShared(split);
+    tally = split.tally;
+  } else {
+    for (int i = 0; i < n && !tally.bMate; ++i) {
+      EvaluateWhiteChild(children[order[i]], tally);
+      if (Interrupted()) return mate::kDoubtful;
     }
-    const MateResult result = BlackNode(child);
-    if (Interrupted()) return mate::kDoubtful;
-    if (result == mate::kMate) {
-      whiteKillers[board.ply] = child.lastMove;
-      FileAnswer(board, 1);
-      return mate::kMate;
-    }
-    if (result == mate::kRepetition) mark = std::max(mark, repetitionMarks[child.ply]);
-    else if (result == mate::kDoubtful) bDoubtful = true;
   }
-  return SettleWhiteFailure(board, mark, bDoubtful);
+  if (Interrupted()) return mate::kDoubtful;
+  if (tally.bMate) {
+    whiteKillers[board.ply] = tally.mating;
+    FileAnswer(board, 1);
+    return mate::kMate;
+  }
+  return SettleWhiteFailure(board, tally.mark, tally.bDoubtful);
+}
+
+void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
+  CountPosition();
+  const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
+  if (repeated != 0) {
+    tally.mark = std::max(tally.mark, repeated);
+    return;
+  }
+  const MateResult result = BlackNode(child);
+  if (Interrupted()) return;
+  if (result == mate::kMate) {
+    tally.bMate = true;
+    tally.mating = child.lastMove;
+  } else if (result == mate::kRepetition) {
+    tally.mark = std::max(tally.mark, repetitionMarks[child.ply]);
+  } else if (result == mate::kDoubtful) {
+    tally.bDoubtful = true;
+  }
+}
+
+void CMateSearch::SearchWhiteChildrenShared(TSplitPoint& split) {
+  splitBoard->Open(split);
+  HelpAt(split);
+  splitBoard->Close(split);
+}
+
+void CMateSearch::HelpAt(TSplitPoint& split) {
+  const TAbandonLink* own = abandon;
+  abandon = &split.abandon;
+  for (;;) {
+    const int i = split.nNext.fetch_add(1);
+    if (i >= split.n || Interrupted()) break;
+    TWhiteTally tally;
+    EvaluateWhiteChild(split.children[split.order[i]], tally);
+    if (Interrupted()) break;
+    std::lock_guard lock(split.tallyMutex);
+    split.tally.Merge(tally);
+    if (tally.bMate) split.abandon.bSet = true;  // one mating move settles the node
+  }
+  abandon = own;
 }
 
 MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful) {

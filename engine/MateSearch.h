@@ -8,6 +8,7 @@
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
 #include "engine/SearchContext.h"
+#include "engine/SplitPoint.h"
 
 // The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
 // mating move suffices), Black's are AND nodes (every reply must be mated). Each thread
@@ -31,13 +32,17 @@ class CMateSearch {
   // Per-thread state, beside the solve's run state: run, paused alone, or asked to end.
   static constexpr std::uint8_t kThreadRun = 1, kThreadPause = 2, kThreadEnd = 254;
   void SetThreadState(std::uint8_t state) { threadState.store(state); }
-  // A flag that, once set, makes the current search give up (its task was settled elsewhere).
-  void SetAbandonFlag(const std::atomic<bool>* flag) { abandon = flag; }
-  // Whether results are no longer worth anything: stop, end of this thread, abandoned task.
+  // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.
+  void SetAbandonLink(const TAbandonLink* link) { abandon = link; }
+  // Lets deep White nodes offer their moves to idle threads of the same solve.
+  void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
+  // Whether results are no longer worth anything: stop, end of this thread, abandoned work.
   bool Interrupted() const {
     return context.IsStopping() || threadState.load(std::memory_order_relaxed) == kThreadEnd ||
-           (abandon != nullptr && abandon->load(std::memory_order_relaxed));
+           (abandon != nullptr && abandon->IsSet());
   }
+  // Takes moves of another thread's White node until none are left.
+  void HelpAt(TSplitPoint& split);
 
   // The ply at which a kRepetition result returned for a node of this ply settles.
   std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
@@ -51,6 +56,9 @@ class CMateSearch {
   bool MateInOne(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
+  // Searches one White move and notes what it gave.
+  void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
+  void SearchWhiteChildrenShared(TSplitPoint& split);
   void CountPosition() { nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
@@ -66,5 +74,6 @@ class CMateSearch {
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};
   std::atomic<std::uint8_t> threadState{kThreadRun};
-  const std::atomic<bool>* abandon = nullptr;
+  const TAbandonLink* abandon = nullptr;
+  CSplitBoard* splitBoard = nullptr;
 };

@@ -15,8 +15,10 @@ constexpr auto kIdleWait = std::chrono::milliseconds(2);
 
 CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBoard, int nThreads)
     : context(searchContext), root(rootBoard) {
-  for (int i = 0; i < std::max(1, nThreads); ++i)
+  for (int i = 0; i < std::max(1, nThreads); ++i) {
     searches.push_back(std::make_unique<CMateSearch>(context, root.ply));
+    if (nThreads > 1) searches.back()->SetSplitBoard(&splitBoard);
+  }
   TChessboard* made;
   const std::uint8_t* order;
   const int n = searches[0]->OrderedWhiteChildren(root, made, order);
@@ -71,12 +73,27 @@ void CRootSearch::Work(int worker, int nMaxSolutions) {
       Evaluate(worker, index, nMaxSolutions);
       continue;
     }
-    if (TRootTask* task = FindTaskToHelp()) {
+    // Moves of a deep White node are all needed when it fails; a root move's further
+    // replies are wasted when its first one refutes it. So split points come first.
+    splitBoard.SetIdle(true);
+    TSplitPoint* split = splitBoard.Join();
+    TRootTask* task = split == nullptr ? FindTaskToHelp() : nullptr;
+    splitBoard.SetIdle(false);
+    if (split != nullptr) {
+      search.HelpAt(*split);
+      splitBoard.Leave(*split);
+      continue;
+    }
+    if (task != nullptr) {
       SearchReplies(search, *task);
       continue;
     }
-    std::unique_lock lock(queueMutex);
-    workChanged.wait_for(lock, kIdleWait);
+    splitBoard.SetIdle(true);
+    {
+      std::unique_lock lock(queueMutex);
+      workChanged.wait_for(lock, kIdleWait);
+    }
+    splitBoard.SetIdle(false);
   }
 }
 
@@ -93,7 +110,7 @@ int CRootSearch::TakePendingMove(int worker) {
 TRootTask* CRootSearch::FindTaskToHelp() {
   std::lock_guard lock(queueMutex);
   for (auto& task : tasks) {
-    if (task->state != TRootTask::kRunning || !task->bRepliesReady || task->bAbandoned ||
+    if (task->state != TRootTask::kRunning || !task->bRepliesReady || task->abandon.IsSet() ||
         task->nNextReply >= static_cast<int>(task->replies.size()))
       continue;
     ++task->nWorkersInside;  // under the lock, so the owner cannot reset the replies under us
@@ -125,7 +142,7 @@ void CRootSearch::Evaluate(int worker, int index, int nMaxSolutions) {
       if (result == mate::kRepetition) result = context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
       if (result == mate::kFilteredNoMate) result = mate::kNoMate;
     } else {
-      result = task.bAbandoned || search.Interrupted() ? mate::kDoubtful : mate::kMate;
+      result = task.abandon.IsSet() || search.Interrupted() ? mate::kDoubtful : mate::kMate;
     }
   }
   const int requeue = task.requeue.exchange(TRootTask::kNoRequeue);
@@ -161,7 +178,7 @@ bool CRootSearch::PrepareReplies(TRootTask& task) {
 }
 
 void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
-  search.SetAbandonFlag(&task.bAbandoned);
+  search.SetAbandonLink(&task.abandon);
   for (;;) {
     const int i = task.nNextReply.fetch_add(1);
     if (i >= static_cast<int>(task.replies.size()) || search.Interrupted()) break;
@@ -177,10 +194,10 @@ void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
         task.refutationMark = result == mate::kRepetition ? search.RepetitionMark(reply.ply) : 0;
       }
     }
-    task.bAbandoned = true;
+    task.abandon.bSet = true;
     break;
   }
-  search.SetAbandonFlag(nullptr);
+  search.SetAbandonLink(nullptr);
   std::lock_guard lock(queueMutex);
   --task.nWorkersInside;
   workChanged.notify_all();
@@ -209,7 +226,7 @@ void CRootSearch::RequeueCurrent(TRootTask::ERequeue how) {
   for (size_t i = 0; i < tasks.size(); ++i) {
     if (ownerOf[i] < 0) continue;
     tasks[i]->requeue = how;
-    tasks[i]->bAbandoned = true;
+    tasks[i]->abandon.bSet = true;
     return;
   }
 }

@@ -67,4 +67,5 @@ class CRootSearch {
   std::condition_variable workChanged;
   std::atomic<int> nDone{0};
   std::atomic<int> nKeysFound{0};
+  CSplitBoard splitBoard;
 };

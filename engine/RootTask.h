@@ -5,6 +5,7 @@
 
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
+#include "engine/SplitPoint.h"
 
 // One first move of White and the Black node after it. The worker that takes the move
 // makes Black's replies and lays them out here; idle workers take replies from the same
@@ -21,7 +22,7 @@ struct TRootTask {
   std::atomic<bool> bRepliesReady{false};
   std::atomic<int> nNextReply{0};
   std::atomic<int> nWorkersInside{0};
-  std::atomic<bool> bAbandoned{false};  // refuted, skipped or shifted: stop working on it
+  TAbandonLink abandon;  // set when refuted, skipped or shifted: stop working on it
 
   std::mutex refutationMutex;
   bool bRefuted = false;  // under refutationMutex
@@ -37,7 +38,7 @@ struct TRootTask {
     replies.clear();
     bRepliesReady = false;
     nNextReply = 0;
-    bAbandoned = false;
+    abandon.bSet = false;
     bRefuted = false;
     refutation = mate::kNoMate;
     refutationMark = 0;
