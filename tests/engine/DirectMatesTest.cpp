@@ -57,4 +57,19 @@ TEST(DirectMates, QuickRowsGiveExactlyThePublishedKeys) {
   EXPECT_GE(nSolved, 20);
 }
 
+// Deeper rows with more threads than cores: first moves, their replies and the moves of
+// deep White nodes are shared, and the keys must not change.
+TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
+  int nSolved = 0;
+  for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
+    if (std::stoi(row.at("n")) < 4 || row.at("popeye_seconds").empty() ||
+        std::stod(row.at("popeye_seconds")) > 0.3)
+      continue;
+    const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true, 3);
+    EXPECT_EQ(solved.keys, PublishedKeys(row)) << row.at("id");
+    ++nSolved;
+  }
+  EXPECT_GE(nSolved, 5);
+}
+
 }  // namespace
