@@ -13,6 +13,8 @@ namespace {
 // Below this many plies a lookup costs more than the search it saves.
 constexpr std::uint16_t kMinRegisterPlies = 3;
 constexpr std::uint16_t kMinBlackRegisterPlies = 4;
+// Below this, looking for shorter mates first costs more than it saves.
+constexpr std::uint16_t kMinDeepeningPlies = 9;
 // Shallower White nodes are over before another thread could join them.
 constexpr std::uint16_t kMinSplitPlies = 5;
 }  // namespace
@@ -71,8 +73,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     if (known == 1) return mate::kMate;
     if (known == 0) return mate::kNoMate;
   }
-  // After a weak defence a mate in one is common and cheap to find: look before any line.
-  if (MateInOne(board)) {
+  if (HasShorterMate(board)) {
     FileAnswer(board, 1);
     return mate::kMate;
   }
@@ -105,7 +106,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
 
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
-  const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
+  const std::uint16_t repeated = (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
   if (repeated != 0) {
     tally.mark = std::max(tally.mark, repeated);
     return;
@@ -142,6 +143,21 @@ void CMateSearch::HelpAt(TSplitPoint& split) {
     if (tally.bMate) split.abandon.bSet = true;  // one mating move settles the node
   }
   abandon = own;
+}
+
+bool CMateSearch::HasShorterMate(const TChessboard& board) {
+  // After a weak defence a short mate is common and cheap to find: looking for it first
+  // keeps the full-depth search from wandering down a long line while a quick mate waits
+  // behind it. The register keeps the shallow answers for the deeper rounds.
+  if (MateInOne(board)) return true;
+  if (board.ply < kMinDeepeningPlies) return false;
+  for (std::uint16_t plies = 3; plies < board.ply; plies += 2) {
+    TChessboard shallower = board;
+    shallower.ply = plies;
+    if (WhiteNode(shallower) == mate::kMate) return true;
+    if (Interrupted()) return false;
+  }
+  return false;
 }
 
 MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful) {
@@ -190,7 +206,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
     ++nLegal;
     CountPosition();
     MateResult result;
-    const std::uint16_t repeated = repetition::RepeatedAncestorPly(child);
+    const std::uint16_t repeated = (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
     if (repeated != 0) {
       repetitionMarks[child.ply] = repeated;
       result = mate::kRepetition;

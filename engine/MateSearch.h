@@ -14,10 +14,12 @@
 // mating move suffices), Black's are AND nodes (every reply must be mated). Each thread
 // owns its line of positions; the register and run state are shared through the context.
 //
-// A line that returns to a position already on it is cut: White's shortest mates never
-// repeat a position, so the cut loses nothing, but a "no mate" found under such a cut
-// holds only for this line. It travels up as kRepetition, with the ply of the repeated
-// position as its mark, and is filed nowhere until it reaches that position.
+// When the context asks for it, a line that returns to a position already on it is cut:
+// White's shortest mates never repeat a position, so the cut loses no mate, but a "no mate"
+// found under such a cut holds only for this line. It travels up as kRepetition, with the
+// ply of the repeated position as its mark, and is filed nowhere until it reaches that
+// position. A White node looks for shorter mates before the full depth (iterative
+// deepening through the register).
 class CMateSearch {
  public:
   CMateSearch(SearchContext& context, std::uint16_t rootPlies);
@@ -54,6 +56,7 @@ class CMateSearch {
 
  private:
   bool MateInOne(const TChessboard& board);
+  bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.

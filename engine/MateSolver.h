@@ -24,6 +24,8 @@ class CMateSolver {
   // start's squares and derived fields are used; its ply is set to 2N - 1 here.
   CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);
   TRootOutcome Run();
+  // Heuristic passes cut repeated positions; the exact pass need not (see SearchContext).
+  void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bCut; }
   void Stop() { context.runState.store(runstate::kStop); }
   void Pause() { context.runState.store(runstate::kPause); }
   void Resume() {

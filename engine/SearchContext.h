@@ -20,6 +20,10 @@ struct SearchContext {
   // Skip a pawn's other promotions to the same square once one of them is mated. Unsound
   // for under-promotions that check or stalemate, so the exact solver leaves it off.
   bool bRemoveDuplicatePromotions = false;
+  // Cut a line that returns to a position already on it (see CMateSearch). The exact pass
+  // does better without: a depth-limited line ends anyway, and only uncut answers can be
+  // filed in the register, which perpetual checks would otherwise keep from filling.
+  bool bCutRepetitions = false;
   // Doubt source of the last doubtful node: 0 or ~0 from the register, else a heuristic bit.
   std::atomic<std::uint32_t> doubtfulReason{0};
 

@@ -80,9 +80,11 @@ std::vector<std::string> ReferenceKeys(TChessboard root, int nMoves) {
 
 struct TEngineRun {
   int nThreads;
+  bool bCutRepetitions;
   const char* name;
 };
-constexpr TEngineRun kEngineRuns[] = {{1, "1 thread"}, {2, "2 threads"}};
+constexpr TEngineRun kEngineRuns[] = {
+    {1, false, "1 thread"}, {2, false, "2 threads"}, {1, true, "1 thread, repetitions cut"}};
 
 // Every engine run must give the reference's answer and exactly its keys. Returns whether
 // White mates.
@@ -91,6 +93,7 @@ bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   for (const TEngineRun& run : kEngineRuns) {
     TChessboardRegister<bool> reg(1'000'000);
     CMateSolver solver(start, nMoves, {.nThreads = run.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    solver.SetCutRepetitions(run.bCutRepetitions);
     const TRootOutcome outcome = solver.Run();
     const std::string where =
         fen::WriteShortFen(start) + " #" + std::to_string(nMoves) + ", " + run.name;
