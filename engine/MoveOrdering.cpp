@@ -48,7 +48,7 @@ void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove kill
   int nInGroup[kGroups] = {};
   for (int i = 0; i < n; ++i) {
     int group = 3;
-    if (moves[i].SameMove(killer)) group = 0;
+    if (moves[i].SameMove(killer) || moves[i].promotion == piece::kQueen) group = 0;
     else if (checks.MayGiveCheck(moves[i])) group = 1;
     else if (board.squares[moves[i].to] != piece::kEmpty) group = 2;
     groupOf[i] = static_cast<std::uint8_t>(group);
