@@ -51,7 +51,8 @@ void RunBenchPerft(const TBenchPerftArguments& args) {
     for (int run = 0; run < args.nRuns; ++run) {
       const auto start = std::chrono::steady_clock::now();
       nodes = perft::Perft(position.Root(), c.depth);
-      seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+      seconds.push_back(
+          std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     }
     std::sort(seconds.begin(), seconds.end());
     const double median = seconds[seconds.size() / 2];
@@ -63,8 +64,9 @@ void RunBenchPerft(const TBenchPerftArguments& args) {
     nTotalNodes += nodes;
     totalSeconds += median;
   }
-  std::printf("%-10s %5s %12llu %10.3f %12.0f\n", "total", "", static_cast<unsigned long long>(nTotalNodes),
-              totalSeconds, nTotalNodes / totalSeconds);
+  std::printf("%-10s %5s %12llu %10.3f %12.0f\n", "total", "",
+              static_cast<unsigned long long>(nTotalNodes), totalSeconds,
+              nTotalNodes / totalSeconds);
   if (!bAllMatch) throw CommandExit{1};
 }
 

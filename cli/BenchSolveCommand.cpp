@@ -47,15 +47,18 @@ std::vector<std::string> PublishedKeys(const std::string& field) {
 }
 
 // All solutions with a fresh register per run, so that runs do not help each other.
-TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args) {
+TTiming Solve(const TChessboard& start, int nMoves, int nThreads,
+              const TBenchSolveArguments& args) {
   TTiming timing;
   std::vector<double> seconds;
   for (int run = 0; run < args.nRuns; ++run) {
     TChessboardRegister<bool> reg(args.nRegisterElements);
-    CMateSolver solver(start, nMoves, {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    CMateSolver solver(start, nMoves,
+                       {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
     const auto begin = std::chrono::steady_clock::now();
     const TRootOutcome outcome = solver.Run();
-    seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    seconds.push_back(
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     timing.nPositions = outcome.nPositions;
     timing.keys.clear();
     for (TMove key : outcome.keys) timing.keys.push_back(notation::MoveToText(start, key));
@@ -79,7 +82,8 @@ double ReferenceSeconds(const CTsvTable::TRow& row) {
 
 void RunBenchSolve(const TBenchSolveArguments& args) {
   const bool bCompare = args.nThreads > 1;
-  std::printf("%-20s %3s %9s %12s %11s %9s %7s", "problem", "#", "seconds", "positions", "pos/s", "ref s", "ratio");
+  std::printf("%-20s %3s %9s %12s %11s %9s %7s", "problem", "#", "seconds", "positions", "pos/s",
+              "ref s", "ratio");
   if (bCompare) std::printf(" %9s %8s", "T thr s", "speedup");
   std::printf("\n");
   double total = 0, referenceTotal = 0, threadedTotal = 0;
@@ -90,7 +94,8 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     if (!Selected(row, args)) continue;
     TChessboard start;
     ClearChessboard(start);
-    if (!fen::ReadFen(start, row.at("fen"))) throw std::runtime_error("Improper FEN code: " + row.at("id"));
+    if (!fen::ReadFen(start, row.at("fen")))
+      throw std::runtime_error("Improper FEN code: " + row.at("id"));
     const int nMoves = std::stoi(row.at("n"));
     const TTiming single = Solve(start, nMoves, 1, args);
     const std::string expected = SortedKeys(PublishedKeys(row.at("keys")));
@@ -100,9 +105,10 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     nPeak = std::max(nPeak, single.nRegisterPeak);
     total += single.seconds;
     referenceTotal += reference;
-    std::printf("%-20s %3d %9.3f %12llu %11.0f %9.3f %7.3f", row.at("id").c_str(), nMoves, single.seconds,
-                static_cast<unsigned long long>(single.nPositions), single.nPositions / single.seconds,
-                reference, reference > 0 ? single.seconds / reference : 0);
+    std::printf("%-20s %3d %9.3f %12llu %11.0f %9.3f %7.3f", row.at("id").c_str(), nMoves,
+                single.seconds, static_cast<unsigned long long>(single.nPositions),
+                single.nPositions / single.seconds, reference,
+                reference > 0 ? single.seconds / reference : 0);
     if (bCompare) {
       const TTiming threaded = Solve(start, nMoves, args.nThreads, args);
       bRight = bRight && SortedKeys(threaded.keys) == expected;
@@ -113,11 +119,14 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     std::fflush(stdout);
     nWrong += bRight ? 0 : 1;
   }
-  std::printf("total %.3f s, reference %.3f s, ratio %.3f; %d wrong, %d slower than the reference; "
-              "register peak %u entries\n",
-              total, referenceTotal, referenceTotal > 0 ? total / referenceTotal : 0, nWrong, nSlower, nPeak);
+  std::printf(
+      "total %.3f s, reference %.3f s, ratio %.3f; %d wrong, %d slower than the reference; "
+      "register peak %u entries\n",
+      total, referenceTotal, referenceTotal > 0 ? total / referenceTotal : 0, nWrong, nSlower,
+      nPeak);
   if (bCompare)
-    std::printf("with %d threads: total %.3f s, speed-up %.2f\n", args.nThreads, threadedTotal, total / threadedTotal);
+    std::printf("with %d threads: total %.3f s, speed-up %.2f\n", args.nThreads, threadedTotal,
+                total / threadedTotal);
   if (nWrong > 0) throw CommandExit{1};
 }
 
@@ -125,13 +134,19 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
 
 void AddBenchSolveCommand(CLI::App& bench) {
   auto args = std::make_shared<TBenchSolveArguments>();
-  CLI::App* command = bench.add_subcommand("solve", "Solve the benchmark rows (all solutions), single-threaded");
-  command->add_option("--set", args->set, "Table of problems (id, fen, n, keys, bench, popeye_seconds)");
+  CLI::App* command =
+      bench.add_subcommand("solve", "Solve the benchmark rows (all solutions), single-threaded");
+  command->add_option("--set", args->set,
+                      "Table of problems (id, fen, n, keys, bench, popeye_seconds)");
   command->add_option("--only", args->only, "Solve only the rows whose id contains this text");
-  command->add_flag("--all-rows", args->bAllRows, "Solve every row, not only those marked for the benchmark");
-  command->add_option("--threads", args->nThreads, "Also solve with this many threads and print the speed-up")
+  command->add_flag("--all-rows", args->bAllRows,
+                    "Solve every row, not only those marked for the benchmark");
+  command
+      ->add_option("--threads", args->nThreads,
+                   "Also solve with this many threads and print the speed-up")
       ->check(CLI::Range(1, 64));
-  command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")->check(CLI::Range(1, 99));
+  command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")
+      ->check(CLI::Range(1, 99));
   command->add_option("--register", args->nRegisterElements, "Register entries");
   command->callback([args] { RunBenchSolve(*args); });
 }

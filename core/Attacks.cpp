@@ -6,13 +6,16 @@
 namespace attacks {
 namespace {
 
-// Calls onAttacker(square) for each piece of byColour attacking target; stops when it returns false.
+// Calls onAttacker(square) for each piece of byColour attacking target; stops when it returns
+// false.
 template <typename F>
-void ForEachAttacker(const PieceCode* squares, SquareIndex target, PieceCode byColour, F onAttacker) {
+void ForEachAttacker(const PieceCode* squares, SquareIndex target, PieceCode byColour,
+                     F onAttacker) {
   const auto& t = tables::Get();
   const tables::TSquareList& knights = t.knightTargets[target];
   for (int i = 0; i < knights.n; ++i)
-    if (squares[knights.squares[i]] == (byColour | piece::kKnight) && !onAttacker(knights.squares[i]))
+    if (squares[knights.squares[i]] == (byColour | piece::kKnight) &&
+        !onAttacker(knights.squares[i]))
       return;
   const int file = square::File(target);
   // A white pawn attacks upwards, so it stands below the target; a black pawn above it.

@@ -5,17 +5,20 @@ namespace {
 
 constexpr int kDirectionSteps[8][2] = {  // (file step, rank step)
     {0, 1}, {0, -1}, {1, 0}, {-1, 0}, {1, 1}, {-1, 1}, {1, -1}, {-1, -1}};
-// Knight: file -1 (rank -2, +2), file -2 (rank -1, +1), file +1 (rank -2, +2), file +2 (rank -1, +1).
+// Knight: file -1 (rank -2, +2), file -2 (rank -1, +1), file +1 (rank -2, +2), file +2 (rank -1,
+// +1).
 constexpr int kKnightSteps[8][2] = {{-1, -2}, {-1, 2}, {-2, -1}, {-2, 1},
                                     {1, -2},  {1, 2},  {2, -1},  {2, 1}};
 // Black's king: rank below (straight, lower file, higher file), rank above (same), then
 // the lower and the higher file on its own rank. White's order is the mirror: rank above first.
 constexpr int kBlackKingSteps[8][2] = {{0, -1}, {-1, -1}, {1, -1}, {0, 1},
                                        {-1, 1}, {1, 1},   {-1, 0}, {1, 0}};
-constexpr int kWhiteKingSteps[8][2] = {{0, 1},  {-1, 1}, {1, 1},  {0, -1},
+constexpr int kWhiteKingSteps[8][2] = {{0, 1},   {-1, 1}, {1, 1},  {0, -1},
                                        {-1, -1}, {1, -1}, {-1, 0}, {1, 0}};
 
-bool OnBoard(int file, int rank) { return file >= 0 && file < 8 && rank >= 0 && rank < 8; }
+bool OnBoard(int file, int rank) {
+  return file >= 0 && file < 8 && rank >= 0 && rank < 8;
+}
 
 void FillSteps(TSquareList& list, int from, const int (*steps)[2]) {
   list.n = 0;
@@ -45,7 +48,8 @@ TBoardTables Build() {
       }
     }
     FillSteps(t.knightTargets[from], from, kKnightSteps);
-    for (int i = 0; i < t.knightTargets[from].n; ++i) t.knightMask[from] |= 1ULL << t.knightTargets[from].squares[i];
+    for (int i = 0; i < t.knightTargets[from].n; ++i)
+      t.knightMask[from] |= 1ULL << t.knightTargets[from].squares[i];
     FillSteps(t.whiteKingSteps[from], from, kWhiteKingSteps);
     FillSteps(t.blackKingSteps[from], from, kBlackKingSteps);
   }

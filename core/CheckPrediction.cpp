@@ -1,10 +1,9 @@
 #include "core/CheckPrediction.h"
 
-#include "core/BoardTables.h"
-
 #include <bit>
 #include <cstring>
 
+#include "core/BoardTables.h"
 #include "core/MoveGeneration.h"
 
 namespace attacks {
@@ -28,10 +27,14 @@ bool DirectCheck(const PieceCode* sq, TMove m, PieceCode type, bool bWhite, Squa
   const int df = square::File(king) - square::File(m.to);
   const int dr = square::Rank(king) - square::Rank(m.to);
   switch (type) {
-    case piece::kKnight: return df * df + dr * dr == 5;
-    case piece::kPawn: return (df == 1 || df == -1) && dr == (bWhite ? 1 : -1);
-    case piece::kKing: return false;
-    default: break;
+    case piece::kKnight:
+      return df * df + dr * dr == 5;
+    case piece::kPawn:
+      return (df == 1 || df == -1) && dr == (bWhite ? 1 : -1);
+    case piece::kKing:
+      return false;
+    default:
+      break;
   }
   const int d = tables::Get().direction[m.to][king];
   if (d == tables::kNoDirection || !(type & tables::DirectionBit(d))) return false;
@@ -69,7 +72,8 @@ CCheckFilter::CCheckFilter(const TChessboard& position) : board(position) {
   const auto& t = tables::Get();
   for (int i = 0; i < t.knightTargets[enemyKing].n; ++i)
     knightSquares |= 1ULL << t.knightTargets[enemyKing].squares[i];
-  // A pawn of the mover checks from the squares diagonally in front of the king (seen from the pawn).
+  // A pawn of the mover checks from the squares diagonally in front of the king (seen from the
+  // pawn).
   const int file = square::File(enemyKing);
   const int behind = enemyKing + (bWhite ? -8 : 8);
   if (behind >= 0 && behind < 64) {
@@ -106,16 +110,23 @@ bool CCheckFilter::MayGiveCheck(TMove m) const {
       (type == piece::kPawn && square::File(m.from) != square::File(m.to) &&
        board.squares[m.to] == piece::kEmpty))
     return attacks::MayGiveCheck(board, m);
-  if (((uncoverers >> m.from) & 1) && tables::Get().direction[enemyKing][m.to] != uncoverDirection[m.from])
+  if (((uncoverers >> m.from) & 1) &&
+      tables::Get().direction[enemyKing][m.to] != uncoverDirection[m.from])
     return true;
   const std::uint64_t to = 1ULL << m.to;
   switch (type) {
-    case piece::kKnight: return (knightSquares & to) != 0;
-    case piece::kPawn: return (pawnSquares & to) != 0;
-    case piece::kRook: return (straightSquares & to) != 0;
-    case piece::kBishop: return (diagonalSquares & to) != 0;
-    case piece::kQueen: return ((straightSquares | diagonalSquares) & to) != 0;
-    default: return false;
+    case piece::kKnight:
+      return (knightSquares & to) != 0;
+    case piece::kPawn:
+      return (pawnSquares & to) != 0;
+    case piece::kRook:
+      return (straightSquares & to) != 0;
+    case piece::kBishop:
+      return (diagonalSquares & to) != 0;
+    case piece::kQueen:
+      return ((straightSquares | diagonalSquares) & to) != 0;
+    default:
+      return false;
   }
 }
 
@@ -163,13 +174,21 @@ int CCheckFilter::GenerateCheckingMoves(TMove* out) const {
         case piece::kKnight:
           for (std::uint64_t to = t.knightMask[from] & knightSquares; to != 0; to &= to - 1) {
             const auto target = static_cast<SquareIndex>(std::countr_zero(to));
-            if (sq[target] == piece::kEmpty || (sq[target] & enemy)) out[n++] = TMove{from, target, 0, 0};
+            if (sq[target] == piece::kEmpty || (sq[target] & enemy))
+              out[n++] = TMove{from, target, 0, 0};
           }
           break;
-        case piece::kRook: n += SliderChecks(from, 0, 4, straightSquares, out + n); break;
-        case piece::kBishop: n += SliderChecks(from, 4, 8, diagonalSquares, out + n); break;
-        case piece::kQueen: n += SliderChecks(from, 0, 8, straightSquares | diagonalSquares, out + n); break;
-        default: break;
+        case piece::kRook:
+          n += SliderChecks(from, 0, 4, straightSquares, out + n);
+          break;
+        case piece::kBishop:
+          n += SliderChecks(from, 4, 8, diagonalSquares, out + n);
+          break;
+        case piece::kQueen:
+          n += SliderChecks(from, 0, 8, straightSquares | diagonalSquares, out + n);
+          break;
+        default:
+          break;
       }
     }
   }

@@ -28,8 +28,8 @@ class CCheckFilter {
   std::uint64_t knightSquares = 0, pawnSquares = 0, straightSquares = 0, diagonalSquares = 0;
   int SliderChecks(SquareIndex from, int firstDirection, int lastDirection, std::uint64_t targets,
                    TMove* out) const;
-  std::uint64_t uncoverers = 0;               // own pieces that alone screen a slider's check
-  std::int8_t uncoverDirection[64] = {};      // the king's direction to each of them
+  std::uint64_t uncoverers = 0;           // own pieces that alone screen a slider's check
+  std::int8_t uncoverDirection[64] = {};  // the king's direction to each of them
 };
 
 }  // namespace attacks

@@ -12,12 +12,18 @@ namespace {
 int CountIndex(PieceCode p) {
   const int black = piece::IsBlack(p) ? 1 : 0;
   switch (piece::TypeOf(p)) {
-    case piece::kQueen: return kWhiteQueens + black;
-    case piece::kRook: return kWhiteRooks + black;
-    case piece::kBishop: return kWhiteBishops + black;
-    case piece::kKnight: return kWhiteKnights + black;
-    case piece::kPawn: return kWhitePawns + black;
-    default: return -1;
+    case piece::kQueen:
+      return kWhiteQueens + black;
+    case piece::kRook:
+      return kWhiteRooks + black;
+    case piece::kBishop:
+      return kWhiteBishops + black;
+    case piece::kKnight:
+      return kWhiteKnights + black;
+    case piece::kPawn:
+      return kWhitePawns + black;
+    default:
+      return -1;
   }
 }
 
@@ -31,8 +37,8 @@ void SetEdgeDistanceBits(TChessboard& board) {
 void ComputeCheckValues(TChessboard& board) {
   board.whiteKingCheck = static_cast<std::int8_t>(
       attacks::CheckValue(board.squares, board.WhiteKing(), piece::kBlack));
-  board.blackKingCheck =
-      static_cast<std::int8_t>(attacks::CheckValue(board.squares, board.BlackKing(), piece::kWhite));
+  board.blackKingCheck = static_cast<std::int8_t>(
+      attacks::CheckValue(board.squares, board.BlackKing(), piece::kWhite));
 }
 
 }  // namespace
@@ -52,8 +58,10 @@ int Analyse(TChessboard& board, bool bReset) {
     if (p == piece::kEmpty) continue;
     if (p == piece::kWhiteKing || p == piece::kBlackKing) {
       const bool bWhite = p == piece::kWhiteKing;
-      (bWhite ? board.whiteKingFile : board.blackKingFile) = static_cast<std::uint8_t>(square::File(s));
-      (bWhite ? board.whiteKingRank : board.blackKingRank) = static_cast<std::uint8_t>(square::Rank(s));
+      (bWhite ? board.whiteKingFile : board.blackKingFile) =
+          static_cast<std::uint8_t>(square::File(s));
+      (bWhite ? board.whiteKingRank : board.blackKingRank) =
+          static_cast<std::uint8_t>(square::Rank(s));
       ++(bWhite ? nWhiteKings : nBlackKings);
       continue;
     }
@@ -67,7 +75,8 @@ int Analyse(TChessboard& board, bool bReset) {
   ComputeCheckValues(board);
   board.statusByte &= static_cast<std::uint8_t>(~0x3C);
   SetEdgeDistanceBits(board);
-  if (board.IsWhiteInCheck() && board.IsBlackInCheck()) throw ChessException("Both kings attacked.");
+  if (board.IsWhiteInCheck() && board.IsBlackInCheck())
+    throw ChessException("Both kings attacked.");
   if (bReset) {
     board.searchFlags = 0;
     board.resetWord = 0;

@@ -7,7 +7,8 @@
 #include "core/Attacks.h"
 #include "core/BoardTables.h"
 
-static_assert(std::endian::native == std::endian::little, "square scanning reads bytes in board order");
+static_assert(std::endian::native == std::endian::little,
+              "square scanning reads bytes in board order");
 
 namespace movegen {
 namespace {
@@ -71,7 +72,8 @@ int PawnMoves(const TChessboard& board, SquareIndex from, int forward, TMove* ou
   const int ahead = from + forward;
   if (sq[ahead] == piece::kEmpty) {
     n += AddPawnMove(from, ahead, bPromotion, out + n);
-    if (rank == homeRank && sq[ahead + forward] == piece::kEmpty) out[n++] = Move(from, ahead + forward);
+    if (rank == homeRank && sq[ahead + forward] == piece::kEmpty)
+      out[n++] = Move(from, ahead + forward);
   }
   if (file > 0 && (sq[ahead - 1] & enemy)) n += AddPawnMove(from, ahead - 1, bPromotion, out + n);
   if (file < 7 && (sq[ahead + 1] & enemy)) n += AddPawnMove(from, ahead + 1, bPromotion, out + n);
@@ -109,13 +111,20 @@ int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out) {
   if (board.IsWhiteToMove() ? !piece::IsWhite(p) : !piece::IsBlack(p)) return 0;
   const PieceCode enemy = piece::IsWhite(p) ? piece::kBlack : piece::kWhite;
   switch (piece::TypeOf(p)) {
-    case piece::kRook: return SliderMoves(sq, from, 0, 4, enemy, out);
-    case piece::kBishop: return SliderMoves(sq, from, 4, 8, enemy, out);
-    case piece::kQueen: return SliderMoves(sq, from, 0, 8, enemy, out);
-    case piece::kKnight: return StepMoves(sq, from, t.knightTargets[from], enemy, out);
-    case piece::kPawn: return PawnMoves(board, from, piece::IsWhite(p) ? 8 : -8, out);
-    case piece::kKing: return KingMoves(board, from, piece::IsWhite(p), out);
-    default: return 0;
+    case piece::kRook:
+      return SliderMoves(sq, from, 0, 4, enemy, out);
+    case piece::kBishop:
+      return SliderMoves(sq, from, 4, 8, enemy, out);
+    case piece::kQueen:
+      return SliderMoves(sq, from, 0, 8, enemy, out);
+    case piece::kKnight:
+      return StepMoves(sq, from, t.knightTargets[from], enemy, out);
+    case piece::kPawn:
+      return PawnMoves(board, from, piece::IsWhite(p) ? 8 : -8, out);
+    case piece::kKing:
+      return KingMoves(board, from, piece::IsWhite(p), out);
+    default:
+      return 0;
   }
 }
 
@@ -146,7 +155,8 @@ int GenerateEvasions(const TChessboard& board, TMove* out) {
     const int d = tables::Get().direction[king][check];
     if (d != tables::kNoDirection && piece::TypeOf(board.squares[check]) != piece::kKing) {
       const TSquareList& ray = tables::Get().rays[king][d];
-      for (int i = 0; i < ray.n && ray.squares[i] != check; ++i) allowedTargets |= 1ULL << ray.squares[i];
+      for (int i = 0; i < ray.n && ray.squares[i] != check; ++i)
+        allowedTargets |= 1ULL << ray.squares[i];
     }
   }
   int n = 0;
@@ -167,11 +177,13 @@ namespace {
 bool HasCastlingRight(const TChessboard& board, SquareIndex kingHome, SquareIndex corner,
                       PieceCode colour) {
   const PieceCode* sq = board.squares;
-  if (sq[kingHome] != (colour | piece::kKing) || sq[corner] != (colour | piece::kRook)) return false;
+  if (sq[kingHome] != (colour | piece::kKing) || sq[corner] != (colour | piece::kRook))
+    return false;
   const TChessboard* p = &board;
   for (; p->parent != nullptr; p = p->parent)
     if (p->lastMove.to == kingHome || p->lastMove.to == corner) return false;
-  return p->squares[kingHome] == (colour | piece::kKing) && p->squares[corner] == (colour | piece::kRook);
+  return p->squares[kingHome] == (colour | piece::kKing) &&
+         p->squares[corner] == (colour | piece::kRook);
 }
 
 }  // namespace

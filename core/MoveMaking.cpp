@@ -1,12 +1,12 @@
 #include "core/MoveMaking.h"
 
+#include <cstring>
+#include <utility>
+
 #include "core/Attacks.h"
 #include "core/BoardTables.h"
 #include "core/MoveGeneration.h"
 #include "core/WhiteMaterial.h"
-
-#include <cstring>
-#include <utility>
 
 namespace movemaking {
 namespace {
@@ -20,14 +20,26 @@ bool IsCastling(const TChessboard& board, TMove m) {
 void AdjustCount(TChessboard& b, PieceCode type, bool bBlack, int delta) {
   int index;
   switch (type) {
-    case piece::kQueen: index = kWhiteQueens; break;
-    case piece::kRook: index = kWhiteRooks; break;
-    case piece::kBishop: index = kWhiteBishops; break;
-    case piece::kKnight: index = kWhiteKnights; break;
-    case piece::kPawn: index = kWhitePawns; break;
-    default: return;
+    case piece::kQueen:
+      index = kWhiteQueens;
+      break;
+    case piece::kRook:
+      index = kWhiteRooks;
+      break;
+    case piece::kBishop:
+      index = kWhiteBishops;
+      break;
+    case piece::kKnight:
+      index = kWhiteKnights;
+      break;
+    case piece::kPawn:
+      index = kWhitePawns;
+      break;
+    default:
+      return;
   }
-  b.nPieces[index + (bBlack ? 1 : 0)] = static_cast<std::uint8_t>(b.nPieces[index + (bBlack ? 1 : 0)] + delta);
+  b.nPieces[index + (bBlack ? 1 : 0)] =
+      static_cast<std::uint8_t>(b.nPieces[index + (bBlack ? 1 : 0)] + delta);
 }
 
 // The first piece met from `from` along direction d, or kNone.
@@ -59,8 +71,10 @@ void MoveWhiteSlot(TChessboard& b, PieceCode type, SquareIndex from, SquareIndex
     b.whiteQueenSquare = to;
     return;
   }
-  if (slots[0] == from) slots[0] = to;
-  else if (slots[1] == from) slots[1] = to;
+  if (slots[0] == from)
+    slots[0] = to;
+  else if (slots[1] == from)
+    slots[1] = to;
   if (slots[1] != square::kNone && slots[1] < slots[0]) std::swap(slots[0], slots[1]);
 }
 
@@ -154,15 +168,20 @@ int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
 
 }  // namespace
 
-int MakeWhiteMove(TChessboard& child, TMove move) { return MakeMoveOf(child, move, true); }
-int MakeBlackMove(TChessboard& child, TMove move) { return MakeMoveOf(child, move, false); }
+int MakeWhiteMove(TChessboard& child, TMove move) {
+  return MakeMoveOf(child, move, true);
+}
+int MakeBlackMove(TChessboard& child, TMove move) {
+  return MakeMoveOf(child, move, false);
+}
 
 TChessboard* MakeSuccessor(const TChessboard& board, TMove move) {
   if (board.ply == 0 || board.line == nullptr) return nullptr;
   TChessboard* child = &board.line[board.ply];
   *child = board;
   child->parent = &board;
-  const int made = board.IsWhiteToMove() ? MakeWhiteMove(*child, move) : MakeBlackMove(*child, move);
+  const int made =
+      board.IsWhiteToMove() ? MakeWhiteMove(*child, move) : MakeBlackMove(*child, move);
   return made > 0 ? child : nullptr;
 }
 
@@ -190,7 +209,8 @@ bool HasLegalKingStep(const TChessboard& board, bool bWhite) {
   std::memcpy(squares, board.squares, sizeof squares);
   squares[king] = piece::kEmpty;
   for (int i = 0; i < steps.n; ++i)
-    if (!(squares[steps.squares[i]] & own) && !attacks::IsAttacked(squares, steps.squares[i], enemy))
+    if (!(squares[steps.squares[i]] & own) &&
+        !attacks::IsAttacked(squares, steps.squares[i], enemy))
       return true;
   return false;
 }
@@ -210,7 +230,8 @@ bool HasLegalMove(const TChessboard& board) {
     if (moves[i].from == king && !IsCastling(board, moves[i])) continue;  // steps were tried above
     scratch = board;
     scratch.parent = &board;
-    if ((bWhite ? MakeWhiteMove(scratch, moves[i]) : MakeBlackMove(scratch, moves[i])) > 0) return true;
+    if ((bWhite ? MakeWhiteMove(scratch, moves[i]) : MakeBlackMove(scratch, moves[i])) > 0)
+      return true;
   }
   return false;
 }

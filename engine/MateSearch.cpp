@@ -37,7 +37,8 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
   const size_t slot = (board.ply / 2) * kMoveBufferSize;
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
-  return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot], whiteKillers[board.ply]);
+  return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
+                                            whiteKillers[board.ply]);
 }
 
 bool CMateSearch::MayGoOn() const {
@@ -81,7 +82,8 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   const std::uint8_t* order;
   const int n = OrderedWhiteChildren(board, children, order);
   TWhiteTally tally;
-  if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 && splitBoard->HasIdleWorkers()) {
+  if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 &&
+      splitBoard->HasIdleWorkers()) {
     TSplitPoint split;
     split.children = children;
     split.order = order;
@@ -106,7 +108,8 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
 
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
-  const std::uint16_t repeated = (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
+  const std::uint16_t repeated =
+      (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
   if (repeated != 0) {
     tally.mark = std::max(tally.mark, repeated);
     return;
@@ -160,7 +163,8 @@ bool CMateSearch::HasShorterMate(const TChessboard& board) {
   return false;
 }
 
-MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful) {
+MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark,
+                                           bool bDoubtful) {
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
@@ -179,12 +183,14 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
   if (board.ply >= kMinBlackRegisterPlies && UsesRegister(board)) {
-    const std::uint8_t bDefence = context.pRegister->FindDefenceAnswer(board.ply, registerkey::Build(board));
+    const std::uint8_t bDefence =
+        context.pRegister->FindDefenceAnswer(board.ply, registerkey::Build(board));
     if (bDefence == 0) return mate::kMate;
     if (bDefence == 1) return mate::kNoMate;
   }
   const MateResult result = SearchBlackReplies(board);
-  if (result == mate::kMate || result == mate::kNoMate) FileDefence(board, result == mate::kMate ? 0 : 1);
+  if (result == mate::kMate || result == mate::kNoMate)
+    FileDefence(board, result == mate::kMate ? 0 : 1);
   return result;
 }
 
@@ -206,7 +212,8 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
     ++nLegal;
     CountPosition();
     MateResult result;
-    const std::uint16_t repeated = (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
+    const std::uint16_t repeated =
+        (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
     if (repeated != 0) {
       repetitionMarks[child.ply] = repeated;
       result = mate::kRepetition;
@@ -218,7 +225,8 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
       continue;
     }
     blackKillers[board.ply] = reply;
-    if (result != mate::kRepetition) return result == mate::kFilteredNoMate ? mate::kNoMate : result;
+    if (result != mate::kRepetition)
+      return result == mate::kFilteredNoMate ? mate::kNoMate : result;
     const std::uint16_t mark = repetitionMarks[child.ply];
     if (mark > board.ply) {
       repetitionMarks[board.ply] = mark;

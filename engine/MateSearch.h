@@ -1,8 +1,8 @@
 #pragma once
 #include <atomic>
 #include <chrono>
-#include <thread>
 #include <cstdint>
+#include <thread>
 #include <vector>
 
 #include "core/Chessboard.h"
@@ -52,7 +52,8 @@ class CMateSearch {
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
   // Legal White successors of board in this thread's buffer for its ply, with the order
   // in which to search them.
-  int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children, const std::uint8_t*& order);
+  int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children,
+                           const std::uint8_t*& order);
 
  private:
   bool MateInOne(const TChessboard& board);
@@ -62,7 +63,9 @@ class CMateSearch {
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
   void SearchWhiteChildrenShared(TSplitPoint& split);
-  void CountPosition() { nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
+  void CountPosition() {
+    nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+  }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;

@@ -11,4 +11,6 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   search = std::make_unique<CRootSearch>(context, root, settings.nThreads);
 }
 
-TRootOutcome CMateSolver::Run() { return search->Run(settings.nMaxSolutions); }
+TRootOutcome CMateSolver::Run() {
+  return search->Run(settings.nMaxSolutions);
+}

@@ -24,9 +24,12 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
     int group = 3;
-    if (moves[i].SameMove(killer)) group = 0;
-    else if (child.IsBlackInCheck()) group = 1;
-    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0) group = 2;
+    if (moves[i].SameMove(killer))
+      group = 0;
+    else if (child.IsBlackInCheck())
+      group = 1;
+    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0)
+      group = 2;
     groupOf[n++] = static_cast<std::uint8_t>(group);
     ++nInGroup[group];
   }
@@ -48,9 +51,12 @@ void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove kill
   int nInGroup[kGroups] = {};
   for (int i = 0; i < n; ++i) {
     int group = 3;
-    if (moves[i].SameMove(killer) || moves[i].promotion == piece::kQueen) group = 0;
-    else if (checks.MayGiveCheck(moves[i])) group = 1;
-    else if (board.squares[moves[i].to] != piece::kEmpty) group = 2;
+    if (moves[i].SameMove(killer) || moves[i].promotion == piece::kQueen)
+      group = 0;
+    else if (checks.MayGiveCheck(moves[i]))
+      group = 1;
+    else if (board.squares[moves[i].to] != piece::kEmpty)
+      group = 2;
     groupOf[i] = static_cast<std::uint8_t>(group);
     ++nInGroup[group];
   }

@@ -10,15 +10,14 @@ namespace {
 // 4-bit code of each piece: empty 0, then the twelve pieces.
 constexpr std::array<std::uint8_t, 256> BuildNibbles() {
   std::array<std::uint8_t, 256> nibbles{};
-  const PieceCode pieces[12] = {piece::kWhiteKing,  piece::kBlackKing,  piece::kWhitePawn,
-                                piece::kBlackPawn,  piece::kWhiteQueen, piece::kBlackQueen,
-                                piece::kWhiteRook,  piece::kBlackRook,  piece::kWhiteBishop,
+  const PieceCode pieces[12] = {piece::kWhiteKing,   piece::kBlackKing,   piece::kWhitePawn,
+                                piece::kBlackPawn,   piece::kWhiteQueen,  piece::kBlackQueen,
+                                piece::kWhiteRook,   piece::kBlackRook,   piece::kWhiteBishop,
                                 piece::kBlackBishop, piece::kWhiteKnight, piece::kBlackKnight};
   for (int i = 0; i < 12; ++i) nibbles[pieces[i]] = static_cast<std::uint8_t>(i + 1);
   return nibbles;
 }
 constexpr std::array<std::uint8_t, 256> kNibbles = BuildNibbles();
-
 
 bool MayCastle(const TChessboard& board) {
   return (board.squares[4] == piece::kWhiteKing &&
@@ -35,7 +34,8 @@ TChessboardRegisterItem Build(const TChessboard& board) {
     key.bytes[s / 2] = static_cast<std::uint8_t>(kNibbles[board.squares[s]] |
                                                  (kNibbles[board.squares[s + 1]] << 4));
   // Rights are looked up only when kings and rooks stand where castling could still happen.
-  if (MayCastle(board)) key.bytes[32] = static_cast<std::uint8_t>(movegen::CastlingRights(board) | 0x10);
+  if (MayCastle(board))
+    key.bytes[32] = static_cast<std::uint8_t>(movegen::CastlingRights(board) | 0x10);
   return key;
 }
 
@@ -46,7 +46,8 @@ bool HasEnPassantRight(const TChessboard& board) {
   if (piece::TypeOf(moved) != piece::kPawn) return false;
   const int distance = last.to > last.from ? last.to - last.from : last.from - last.to;
   if (distance != 16) return false;
-  const PieceCode takerPawn = (piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn;
+  const PieceCode takerPawn =
+      (piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn;
   const int file = square::File(last.to);
   return (file > 0 && board.squares[last.to - 1] == takerPawn) ||
          (file < 7 && board.squares[last.to + 1] == takerPawn);

@@ -34,11 +34,13 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
 TRootOutcome CRootSearch::Run(int nMaxSolutions) {
   TRootOutcome outcome;
   // Deep stipulations recurse deep: give every thread room for the line it may build.
-  const std::size_t nStack = SolvingThreadStackSize(static_cast<std::uint16_t>(std::min(65535, 16 * root.ply)));
+  const std::size_t nStack =
+      SolvingThreadStackSize(static_cast<std::uint16_t>(std::min(65535, 16 * root.ply)));
   std::vector<std::unique_ptr<CSolvingThread>> threads;
   for (size_t w = 1; w < searches.size(); ++w) {
     threads.push_back(std::make_unique<CSolvingThread>());
-    if (!threads.back()->Start([this, w, nMaxSolutions] { Work(static_cast<int>(w), nMaxSolutions); }, nStack)) {
+    if (!threads.back()->Start(
+            [this, w, nMaxSolutions] { Work(static_cast<int>(w), nMaxSolutions); }, nStack)) {
       // Could not start them all: end the ones that run, wait for them, give up.
       for (auto& search : searches) search->SetThreadState(CMateSearch::kThreadEnd);
       workChanged.notify_all();
@@ -53,14 +55,17 @@ TRootOutcome CRootSearch::Run(int nMaxSolutions) {
 
   bool bDoubtful = false;
   for (size_t i = 0; i < tasks.size(); ++i) {
-    const MateResult result = tasks[i]->state == TRootTask::kDone ? tasks[i]->result : mate::kDoubtful;
+    const MateResult result =
+        tasks[i]->state == TRootTask::kDone ? tasks[i]->result : mate::kDoubtful;
     if (result == mate::kMate) {
       outcome.keys.push_back(firstMoves[i]);
       outcome.answers.Add((root.ply + 1) / 2, firstMoves[i]);
     }
     bDoubtful = bDoubtful || result == mate::kDoubtful;
   }
-  outcome.result = !outcome.keys.empty() ? mate::kMate : bDoubtful ? mate::kDoubtful : mate::kNoMate;
+  outcome.result = !outcome.keys.empty() ? mate::kMate
+                   : bDoubtful           ? mate::kDoubtful
+                                         : mate::kNoMate;
   outcome.nPositions = Positions();
   return outcome;
 }
@@ -139,7 +144,8 @@ void CRootSearch::Evaluate(int worker, int index, int nMaxSolutions) {
     if (task.bRefuted) {
       result = task.refutation;
       // A repetition can only settle at this Black node: the root never counts as repeated.
-      if (result == mate::kRepetition) result = context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
+      if (result == mate::kRepetition)
+        result = context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
       if (result == mate::kFilteredNoMate) result = mate::kNoMate;
     } else {
       result = task.abandon.IsSet() || search.Interrupted() ? mate::kDoubtful : mate::kMate;
@@ -191,7 +197,6 @@ void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
       if (!task.bRefuted) {
         task.bRefuted = true;
         task.refutation = result;
-        task.refutationMark = result == mate::kRepetition ? search.RepetitionMark(reply.ply) : 0;
       }
     }
     task.abandon.bSet = true;

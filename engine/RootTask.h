@@ -27,7 +27,6 @@ struct TRootTask {
   std::mutex refutationMutex;
   bool bRefuted = false;  // under refutationMutex
   MateResult refutation = mate::kNoMate;
-  std::uint16_t refutationMark = 0;
 
   // Requested by the manual commands while the move runs: give the result up and queue it
   // again, at the end or behind the next pending move.
@@ -41,7 +40,6 @@ struct TRootTask {
     abandon.bSet = false;
     bRefuted = false;
     refutation = mate::kNoMate;
-    refutationMark = 0;
     requeue = kNoRequeue;
   }
 };

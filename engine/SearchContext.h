@@ -24,8 +24,6 @@ struct SearchContext {
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
   bool bCutRepetitions = false;
-  // Doubt source of the last doubtful node: 0 or ~0 from the register, else a heuristic bit.
-  std::atomic<std::uint32_t> doubtfulReason{0};
 
   // Set once the root has all the keys it wants: the other workers may give up.
   std::atomic<bool> bAbandon{false};

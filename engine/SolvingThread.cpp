@@ -16,7 +16,9 @@ void* RunBody(void* argument) {
 }  // namespace
 
 CSolvingThread::CSolvingThread() = default;
-CSolvingThread::~CSolvingThread() { Join(); }
+CSolvingThread::~CSolvingThread() {
+  Join();
+}
 
 bool CSolvingThread::Start(std::function<void()> body, std::size_t nStackBytes) {
   state = std::make_unique<TState>();

@@ -49,8 +49,8 @@ struct TSplitPoint {
   std::atomic<int> nNext{0};
   TAbandonLink abandon;  // set once a move mates; chained to the owner's own work
   std::mutex tallyMutex;
-  TWhiteTally tally;     // under tallyMutex
-  int nHelpers = 0;      // under the board's mutex
+  TWhiteTally tally;  // under tallyMutex
+  int nHelpers = 0;   // under the board's mutex
 };
 
 // The open split points of one solve, and how many threads are looking for work.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "TestData.h"
+#include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
 #include "engine/RootSearch.h"
@@ -31,7 +32,8 @@ TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int
   CRootSearch search(context, root, nThreads);
   const TRootOutcome outcome = search.Run(0);
   TSolved solved{outcome.result, {}};
-  for (TMove key : outcome.keys) solved.keys.push_back(WithoutCaptureMark(notation::MoveToText(root, key)));
+  for (TMove key : outcome.keys)
+    solved.keys.push_back(WithoutCaptureMark(notation::MoveToText(root, key)));
   std::sort(solved.keys.begin(), solved.keys.end());
   return solved;
 }
@@ -70,6 +72,27 @@ TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
     ++nSolved;
   }
   EXPECT_GE(nSolved, 5);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(AnswerCountMap, FindsTheEntryHoldingAMoveAndRefusesOthers) {
+  CAnswerCountMap answers;
+  answers.Add(3, TMove{12, 28, 0, 0});
+  answers.Add(3, TMove{52, 60, piece::kQueen, 0});
+  answers.Add(5, TMove{6, 21, 0, 0});
+  EXPECT_EQ(answers.GetAnswerCountFromMap(TMove{12, 28, 0, 0}), 2);
+  // Promotions match on the type alone, whatever colour bits they carry.
+  EXPECT_EQ(answers.GetAnswerCountFromMap(TMove{52, 60, piece::kWhiteQueen, 0}), 2);
+  EXPECT_EQ(answers.GetAnswerCountFromMap(TMove{6, 21, 0, 0}), 1);
+  try {
+    answers.GetAnswerCountFromMap(TMove{52, 60, piece::kRook, 0});
+    FAIL() << "a move no entry holds must be refused";
+  } catch (const ChessException& e) {
+    EXPECT_STREQ(e.what(), "Error in GetAnswerCountFromMap!");
+  }
 }
 
 }  // namespace
