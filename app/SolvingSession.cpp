@@ -4,6 +4,7 @@
 
 #include "app/ConsoleProgress.h"
 #include "app/GuiLog.h"
+#include "app/Options.h"
 #include "app/ProgramState.h"
 #include "app/SolverRun.h"
 #include "app/SolvingPlan.h"
@@ -118,14 +119,17 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
   const auto start = Clock::now();
   request.result.bRun = true;
   SolvingRegistry& registry = GetSolvingRegistry();
-  registry.Add(request.RegistryName(), static_cast<int>(request.threads.nThreads));
+  registry.Add(request.RegistryName(),
+               CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
+                                        static_cast<int>(request.threads.nLevels)));
   try {
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .passNumber = kPassWithoutHeuristics,
         .pRegister = tempRegister.get(),
-        .nLevels = static_cast<int>(request.threads.nLevels)};
+        .nLevels = static_cast<int>(request.threads.nLevels),
+        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
     RecordOutcome(outcome, solver.WasStopped(), request);

@@ -1,5 +1,7 @@
 #include "engine/MateSolver.h"
 
+#include <algorithm>
+
 CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& solveSettings)
     : root(start), settings(solveSettings) {
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
@@ -8,7 +10,16 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.passNumber = settings.passNumber;
   context.pRegister = settings.pRegister;
   context.passNumber = settings.passNumber;
-  search = std::make_unique<CRootSearch>(context, root, settings.nThreads);
+  search = std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
+                                         settings.bShareFirstMoves);
+}
+
+int CMateSolver::WorkerCount(int nThreads, int nLevels) {
+  constexpr int kMaxWorkers = 256;  // each worker owns a line and move buffers
+  int nWorkers = 1;
+  for (int level = 0; level < std::max(1, nLevels) && nWorkers < kMaxWorkers; ++level)
+    nWorkers = std::min(kMaxWorkers, nWorkers * std::max(1, nThreads));
+  return nWorkers;
 }
 
 TRootOutcome CMateSolver::Run() {

@@ -16,10 +16,15 @@ class CMateSolver {
     int nMaxSolutions = 1;  // 0: all solutions
     std::uint8_t passNumber = 2;
     TChessboardRegister<bool>* pRegister = nullptr;
-    // First-move levels split among the threads; the root search shares the first moves
-    // and their Black replies, which is what one level asks for.
+    // Multithreading levels: t threads at each of L levels make up to t^L threads. The
+    // engine runs that many workers and shares the work at any depth (see CRootSearch).
     int nLevels = 1;
+    // Whether a thread may join the analysis of a first move another thread has taken.
+    bool bShareFirstMoves = true;
   };
+
+  // t^L, the number of worker threads, within what one process sensibly runs.
+  static int WorkerCount(int nThreads, int nLevels);
 
   // start's squares and derived fields are used; its ply is set to 2N - 1 here.
   CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);

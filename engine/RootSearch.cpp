@@ -13,11 +13,12 @@ namespace {
 constexpr auto kIdleWait = std::chrono::milliseconds(2);
 }
 
-CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBoard, int nThreads)
-    : context(searchContext), root(rootBoard) {
+CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBoard, int nThreads,
+                         bool bShare)
+    : context(searchContext), root(rootBoard), bShareFirstMoves(bShare) {
   for (int i = 0; i < std::max(1, nThreads); ++i) {
     searches.push_back(std::make_unique<CMateSearch>(context, root.ply));
-    if (nThreads > 1) searches.back()->SetSplitBoard(&splitBoard);
+    if (nThreads > 1 && bShareFirstMoves) searches.back()->SetSplitBoard(&splitBoard);
   }
   TChessboard* made;
   const std::uint8_t* order;
@@ -82,7 +83,7 @@ void CRootSearch::Work(int worker, int nMaxSolutions) {
     // replies are wasted when its first one refutes it. So split points come first.
     splitBoard.SetIdle(true);
     TSplitPoint* split = splitBoard.Join();
-    TRootTask* task = split == nullptr ? FindTaskToHelp() : nullptr;
+    TRootTask* task = split == nullptr && bShareFirstMoves ? FindTaskToHelp() : nullptr;
     splitBoard.SetIdle(false);
     if (split != nullptr) {
       search.HelpAt(*split);

@@ -26,7 +26,8 @@ struct TRootOutcome {
 // context (register, run state). No lock is taken on the search's hot path.
 class CRootSearch {
  public:
-  CRootSearch(SearchContext& context, const TChessboard& root, int nThreads);
+  // With bShareFirstMoves false every first move stays with the one thread that took it.
+  CRootSearch(SearchContext& context, const TChessboard& root, int nThreads, bool bShareFirstMoves = true);
   // Stops after nMaxSolutions keys (0: all solutions). Blocks until every worker ended.
   TRootOutcome Run(int nMaxSolutions);
 
@@ -67,5 +68,6 @@ class CRootSearch {
   std::condition_variable workChanged;
   std::atomic<int> nDone{0};
   std::atomic<int> nKeysFound{0};
+  const bool bShareFirstMoves;
   CSplitBoard splitBoard;
 };

@@ -6,6 +6,7 @@
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
+#include "engine/MateSolver.h"
 #include "engine/RootSearch.h"
 
 namespace {
@@ -21,7 +22,8 @@ std::string WithoutCaptureMark(std::string move) {
   return move;
 }
 
-TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int nThreads = 1) {
+TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int nThreads = 1,
+                 bool bShareFirstMoves = true) {
   TChessboard root;
   ClearChessboard(root);
   EXPECT_TRUE(fen::ReadFen(root, fenText));
@@ -29,7 +31,7 @@ TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int
   TChessboardRegister<bool> reg(1'000'000);
   SearchContext context;
   if (bWithRegister) context.pRegister = &reg;
-  CRootSearch search(context, root, nThreads);
+  CRootSearch search(context, root, nThreads, bShareFirstMoves);
   const TRootOutcome outcome = search.Run(0);
   TSolved solved{outcome.result, {}};
   for (TMove key : outcome.keys)
@@ -67,8 +69,10 @@ TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
     if (std::stoi(row.at("n")) < 4 || row.at("popeye_seconds").empty() ||
         std::stod(row.at("popeye_seconds")) > 0.3)
       continue;
-    const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true, 3);
-    EXPECT_EQ(solved.keys, PublishedKeys(row)) << row.at("id");
+    for (bool bShare : {true, false}) {
+      const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true, 3, bShare);
+      EXPECT_EQ(solved.keys, PublishedKeys(row)) << row.at("id") << (bShare ? "" : ", moves not shared");
+    }
     ++nSolved;
   }
   EXPECT_GE(nSolved, 5);
@@ -77,6 +81,14 @@ TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
 }  // namespace
 
 namespace {
+
+TEST(MateSolver, RunsThreadsToThePowerOfLevelsWorkers) {
+  const struct {
+    int nThreads, nLevels, nWorkers;
+  } cases[] = {{1, 1, 1}, {2, 1, 2}, {4, 2, 16}, {3, 3, 27}, {64, 2, 256}, {1, 5, 1}, {2, 0, 2}};
+  for (const auto& c : cases)
+    EXPECT_EQ(CMateSolver::WorkerCount(c.nThreads, c.nLevels), c.nWorkers) << c.nThreads << "^" << c.nLevels;
+}
 
 TEST(AnswerCountMap, FindsTheEntryHoldingAMoveAndRefusesOthers) {
   CAnswerCountMap answers;
