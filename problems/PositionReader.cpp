@@ -39,18 +39,18 @@ void ReadPieces(CLexer& lexer, TChessboard& board, bool bWhite) {
   const PieceCode colour = bWhite ? piece::kWhite : piece::kBlack;
   do {
     const TToken token = lexer.NextWord();
-    const std::string_view spec = token.text;
-    if (spec.size() != 2 && spec.size() != 3) {
-      FailAt(token.offset, side + " figure specification is invalid: " + std::string(spec));
+    const std::string_view pieceText = token.text;
+    if (pieceText.size() != 2 && pieceText.size() != 3) {
+      FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }
-    const PieceCode type = spec.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(spec[0]);
+    const PieceCode type = pieceText.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(pieceText[0]);
     if (type == piece::kEmpty) {
-      FailAt(token.offset, side + " figure specification is invalid: " + std::string(spec));
+      FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }
-    const std::string_view squareText = spec.substr(spec.size() - 2);
+    const std::string_view squareText = pieceText.substr(pieceText.size() - 2);
     const SquareIndex s = text::ReadSquare(squareText[0], squareText[1]);
     if (s == square::kNone) {
-      FailAt(token.offset, side + " figure position is invalid: " + std::string(spec));
+      FailAt(token.offset, side + " figure position is invalid: " + std::string(pieceText));
     }
     if (board.squares[s] != piece::kEmpty) {
       FailAt(token.offset, "Field " + text::SquareText(s) + " already occupied.");
