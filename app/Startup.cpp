@@ -9,6 +9,7 @@
 #include "app/ProcessControl.h"
 #include "app/ProgramState.h"
 #include "app/platform/SingleInstanceLock.h"
+#include "registers/RegisterLanguage.h"
 
 namespace {
 
@@ -42,6 +43,11 @@ std::vector<std::string> SecondInstanceNotes(const CIniFile& settings) {
   // hence also the Polish default of the language.
   if (settings.GetInt(kOptionsSection, "WarnAboutSecondInstanceOfProgram", 2) <= 1) return {};
   return {SecondInstanceNoteText(settings.GetInt(kOptionsSection, "LanguageId", 0))};
+}
+
+void ApplyLanguage(int nLanguageId) {
+  GetProgramState().nLanguageId = nLanguageId;
+  SetRegisterLanguageId(nLanguageId);
 }
 
 std::vector<std::string> StartProgram(const std::filesystem::path& workFolder) {

@@ -212,7 +212,7 @@ void RunSolve(const TSolveArguments& args) {
              "32766 threads in all");
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   CProgramLifetime lifetime;
-  GetProgramState().nLanguageId = Options().nLanguageId;
+  ApplyLanguage(Options().nLanguageId);
   TProblemCollection collection;
   std::unique_ptr<TProblem> fenProblem;
   const std::vector<const TProblem*> problems = SelectProblems(args, collection, fenProblem);
