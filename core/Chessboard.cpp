@@ -9,23 +9,6 @@
 
 namespace {
 
-int CountIndex(PieceCode p) {
-  const int black = piece::IsBlack(p) ? 1 : 0;
-  switch (piece::TypeOf(p)) {
-    case piece::kQueen:
-      return kWhiteQueens + black;
-    case piece::kRook:
-      return kWhiteRooks + black;
-    case piece::kBishop:
-      return kWhiteBishops + black;
-    case piece::kKnight:
-      return kWhiteKnights + black;
-    case piece::kPawn:
-      return kWhitePawns + black;
-    default:
-      return -1;
-  }
-}
 
 void SetEdgeDistanceBits(TChessboard& board) {
   const int fileDistance = square::kEdgeDistance[board.blackKingFile & 7];
@@ -67,7 +50,7 @@ int Analyse(TChessboard& board, bool bReset) {
     }
     if (piece::TypeOf(p) == piece::kPawn && (s < 8 || square::Rank(s) == 7))
       throw ChessException("Pawns cannot occupy 1st nor 8th line of the chessboard.");
-    const int index = CountIndex(p);
+    const int index = PieceCountSlot(piece::TypeOf(p), piece::IsBlack(p));
     if (index >= 0) ++board.nPieces[index];
   }
   ScanWhiteMaterial(board);

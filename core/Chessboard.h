@@ -11,6 +11,19 @@ enum PieceCountIndex : int {
   kBlackBishops, kWhiteKnights, kBlackKnights, kWhitePawns, kBlackPawns
 };
 
+// The count slot of a piece type and colour; -1 for kings (they are not counted).
+constexpr int PieceCountSlot(PieceCode type, bool bBlack) {
+  const int black = bBlack ? 1 : 0;
+  switch (type) {
+    case piece::kQueen: return kWhiteQueens + black;
+    case piece::kRook: return kWhiteRooks + black;
+    case piece::kBishop: return kWhiteBishops + black;
+    case piece::kKnight: return kWhiteKnights + black;
+    case piece::kPawn: return kWhitePawns + black;
+    default: return -1;
+  }
+}
+
 // Check value of a king that is not attacked.
 constexpr std::int8_t kNotInCheck = -1;
 // Check value of a king attacked by two pieces at once (otherwise it is the checker's square).

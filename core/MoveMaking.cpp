@@ -18,28 +18,8 @@ bool IsCastling(const TChessboard& board, TMove m) {
 
 // Adds delta to the count of a piece type (kings are not counted).
 void AdjustCount(TChessboard& b, PieceCode type, bool bBlack, int delta) {
-  int index;
-  switch (type) {
-    case piece::kQueen:
-      index = kWhiteQueens;
-      break;
-    case piece::kRook:
-      index = kWhiteRooks;
-      break;
-    case piece::kBishop:
-      index = kWhiteBishops;
-      break;
-    case piece::kKnight:
-      index = kWhiteKnights;
-      break;
-    case piece::kPawn:
-      index = kWhitePawns;
-      break;
-    default:
-      return;
-  }
-  b.nPieces[index + (bBlack ? 1 : 0)] =
-      static_cast<std::uint8_t>(b.nPieces[index + (bBlack ? 1 : 0)] + delta);
+  const int slot = PieceCountSlot(type, bBlack);
+  if (slot >= 0) b.nPieces[slot] = static_cast<std::uint8_t>(b.nPieces[slot] + delta);
 }
 
 // The first piece met from `from` along direction d, or kNone.
