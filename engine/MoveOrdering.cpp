@@ -51,11 +51,11 @@ void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove kill
   int nInGroup[kGroups] = {};
   for (int i = 0; i < n; ++i) {
     int group = 3;
-    if (moves[i].SameMove(killer) || moves[i].promotion == piece::kQueen)
+    if (checks.MayGiveCheck(moves[i]))
       group = 0;
-    else if (checks.MayGiveCheck(moves[i]))
-      group = 1;
     else if (board.squares[moves[i].to] != piece::kEmpty)
+      group = 1;
+    else if (moves[i].SameMove(killer) || moves[i].promotion == piece::kQueen)
       group = 2;
     groupOf[i] = static_cast<std::uint8_t>(group);
     ++nInGroup[group];

@@ -25,7 +25,7 @@ TEST(SolveCommand, ExitStatuses) {
   if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
   CTempFolder folder;
   WriteTextFile(folder / "problems.cp", kCollection);
-  const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-00674");
+  const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-04273");
   const struct {
     std::string arguments;
     int nStatus;
@@ -34,7 +34,7 @@ TEST(SolveCommand, ExitStatuses) {
       {"problems.cp --problem 1,3", 0, "Answer Qh5-a5: matched"},
       {"problems.cp --problem 3", 0, "Problem 3 skipped: not a direct mate"},
       {"problems.cp", 1, "Answer Qh5-h4: MISMATCHED"},
-      {"--fen '" + longFen + "' --mate 6 --time-limit 1", 1,
+      {"--fen '" + longFen + "' --mate 10 --time-limit 1", 1,
        "Time limit of 1 s reached: problem 1 not finished"},
       {"missing.cp", 2, ""},
       {"problems.cp --problem 4", 2, ""},

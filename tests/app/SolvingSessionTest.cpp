@@ -24,7 +24,7 @@ using namespace std::chrono_literals;
 constexpr const char* kMates = "directmates.tsv";
 // A mate in 6 that takes far longer than any test waits.
 constexpr const char* kLongSolveFile = "moremovers.tsv";
-constexpr const char* kLongSolveRow = "mt-00674";
+constexpr const char* kLongSolveRow = "mt-04273";
 
 COptions TestOptions() {
   COptions options = DefaultOptions();
