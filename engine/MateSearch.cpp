@@ -195,47 +195,71 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
 }
 
 MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
+  TBlackReplyTally tally;
+  // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
+  // before the others are generated, which then are mostly never needed.
+  const TMove killer = blackKillers[board.ply];
   TMove moves[kMoveBufferSize];
+  const bool bKillerFirst = board.ply <= 2 && FindPieceMove(board, killer, moves);
+  if (bKillerFirst) {
+    const TMove generated = moves[0];
+    if (const auto result = TryBlackReply(board, generated, tally)) return *result;
+  }
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
                                        : movegen::GenerateAllMoves(board, moves);
-  ordering::OrderBlackReplies(board, moves, n, blackKillers[board.ply]);
-  TChessboard& child = line[board.ply];
-  int nLegal = 0;
-  TMove matedPromotion{square::kNone, square::kNone, 0, 0};
+  if (!bKillerFirst) ordering::OrderBlackReplies(board, moves, n, killer);
   for (int i = 0; i < n; ++i) {
-    const TMove reply = moves[i];
-    if (reply.promotion != 0 && reply.from == matedPromotion.from && reply.to == matedPromotion.to)
-      continue;
-    child = board;
-    child.parent = &board;
-    if (movemaking::MakeBlackMove(child, reply) <= 0) continue;
-    ++nLegal;
-    CountPosition();
-    MateResult result;
-    const std::uint16_t repeated =
-        (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
-    if (repeated != 0) {
-      repetitionMarks[child.ply] = repeated;
-      result = mate::kRepetition;
-    } else {
-      result = WhiteNode(child);
-    }
-    if (result == mate::kMate) {
-      if (reply.promotion != 0 && context.bRemoveDuplicatePromotions) matedPromotion = reply;
-      continue;
-    }
-    blackKillers[board.ply] = reply;
-    if (result != mate::kRepetition)
-      return result == mate::kFilteredNoMate ? mate::kNoMate : result;
-    const std::uint16_t mark = repetitionMarks[child.ply];
-    if (mark > board.ply) {
-      repetitionMarks[board.ply] = mark;
-      return mate::kRepetition;
-    }
-    return context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
+    if (bKillerFirst && moves[i].SameMove(killer)) continue;
+    if (const auto result = TryBlackReply(board, moves[i], tally)) return *result;
   }
-  if (nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
+  if (tally.nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
   return mate::kMate;
+}
+
+bool CMateSearch::FindPieceMove(const TChessboard& board, TMove move, TMove* found) {
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GeneratePieceMoves(board, move.from, moves);
+  for (int i = 0; i < n; ++i) {
+    if (moves[i].SameMove(move)) {
+      *found = moves[i];
+      return true;
+    }
+  }
+  return false;
+}
+
+std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, TMove reply,
+                                                     TBlackReplyTally& tally) {
+  if (reply.promotion != 0 && reply.from == tally.matedPromotion.from &&
+      reply.to == tally.matedPromotion.to)
+    return std::nullopt;
+  TChessboard& child = line[board.ply];
+  child = board;
+  child.parent = &board;
+  if (movemaking::MakeBlackMove(child, reply) <= 0) return std::nullopt;
+  ++tally.nLegal;
+  CountPosition();
+  MateResult result;
+  const std::uint16_t repeated =
+      (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
+  if (repeated != 0) {
+    repetitionMarks[child.ply] = repeated;
+    result = mate::kRepetition;
+  } else {
+    result = WhiteNode(child);
+  }
+  if (result == mate::kMate) {
+    if (reply.promotion != 0 && context.bRemoveDuplicatePromotions) tally.matedPromotion = reply;
+    return std::nullopt;
+  }
+  blackKillers[board.ply] = reply;
+  if (result != mate::kRepetition) return result == mate::kFilteredNoMate ? mate::kNoMate : result;
+  const std::uint16_t mark = repetitionMarks[child.ply];
+  if (mark > board.ply) {
+    repetitionMarks[board.ply] = mark;
+    return mate::kRepetition;
+  }
+  return context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
 }
 
 bool CMateSearch::MateInOne(const TChessboard& board) {

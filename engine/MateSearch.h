@@ -2,6 +2,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -59,6 +60,17 @@ class CMateSearch {
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
+  // What the replies of one Black node tried so far leave behind.
+  struct TBlackReplyTally {
+    int nLegal = 0;
+    TMove matedPromotion{square::kNone, square::kNone, 0, 0};  // see bRemoveDuplicatePromotions
+  };
+  // Searches one Black reply: nothing when White mates after it (or it is skipped or
+  // illegal), otherwise the node's result.
+  std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply,
+                                          TBlackReplyTally& tally);
+  // The generated form of move when the piece on its square has it (pseudo-legal).
+  static bool FindPieceMove(const TChessboard& board, TMove move, TMove* found);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
