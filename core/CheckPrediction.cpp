@@ -130,6 +130,24 @@ bool CCheckFilter::MayGiveCheck(TMove m) const {
   }
 }
 
+bool CCheckFilter::IsCastlingSquare(SquareIndex from) const {
+  return from == (board.IsWhiteToMove() ? 4 : 60);
+}
+
+bool CCheckFilter::IsQuietPawn(SquareIndex from) const {
+  const bool bWhite = board.IsWhiteToMove();
+  const int forward = bWhite ? 8 : -8;
+  const int rank = square::Rank(from), file = square::File(from);
+  // Promotions and en passant are judged by the general filter.
+  if (rank == (bWhite ? 6 : 1) || rank == (bWhite ? 4 : 3)) return false;
+  const int ahead = from + forward;
+  std::uint64_t reach = 1ULL << ahead;
+  if (rank == (bWhite ? 1 : 6)) reach |= 1ULL << (ahead + forward);
+  if (file > 0) reach |= 1ULL << (ahead - 1);
+  if (file < 7) reach |= 1ULL << (ahead + 1);
+  return (reach & pawnSquares) == 0;
+}
+
 int CCheckFilter::SliderChecks(SquareIndex from, int firstDirection, int lastDirection,
                                std::uint64_t targets, TMove* out) const {
   const auto& t = tables::Get();
@@ -162,7 +180,12 @@ int CCheckFilter::GenerateCheckingMoves(TMove* out) const {
     for (std::uint64_t own = word & sideBits; own != 0; own &= own - 1) {
       const auto from = static_cast<SquareIndex>(8 * w + std::countr_zero(own) / 8);
       const PieceCode type = piece::TypeOf(sq[from]);
-      // Screens, pawns and kings (castling) are rare: generate their moves and filter them.
+      // A king checks only by uncovering or castling, a pawn mostly by reaching a pawn
+      // checking square: the others are skipped without generating their moves.
+      if (!((uncoverers >> from) & 1) && ((type == piece::kKing && !IsCastlingSquare(from)) ||
+                                          (type == piece::kPawn && IsQuietPawn(from))))
+        continue;
+      // Screens, pawns and castling kings are rare: generate their moves and filter them.
       if (((uncoverers >> from) & 1) || type == piece::kPawn || type == piece::kKing) {
         TMove moves[kMoveBufferSize];
         const int nMoves = movegen::GeneratePieceMoves(board, from, moves);

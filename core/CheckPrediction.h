@@ -26,6 +26,10 @@ class CCheckFilter {
   const TChessboard& board;
   SquareIndex enemyKing;
   std::uint64_t knightSquares = 0, pawnSquares = 0, straightSquares = 0, diagonalSquares = 0;
+  // A king away from its castling square; a pawn that can neither promote, take en passant
+  // nor reach a square from which a pawn checks. Neither can check unless it uncovers.
+  bool IsCastlingSquare(SquareIndex from) const;
+  bool IsQuietPawn(SquareIndex from) const;
   int SliderChecks(SquareIndex from, int firstDirection, int lastDirection, std::uint64_t targets,
                    TMove* out) const;
   std::uint64_t uncoverers = 0;           // own pieces that alone screen a slider's check
