@@ -1,5 +1,6 @@
 #include "core/Attacks.h"
 
+#include "core/AttackerSets.h"
 #include "core/BoardTables.h"
 #include "core/Chessboard.h"
 
@@ -43,12 +44,7 @@ void ForEachAttacker(const PieceCode* squares, SquareIndex target, PieceCode byC
 }  // namespace
 
 bool IsAttacked(const PieceCode* squares, SquareIndex target, PieceCode byColour) {
-  bool bFound = false;
-  ForEachAttacker(squares, target, byColour, [&](SquareIndex) {
-    bFound = true;
-    return false;
-  });
-  return bFound;
+  return TAttackerSets(squares, byColour).Attacks(target);
 }
 
 int CheckValue(const PieceCode* squares, SquareIndex target, PieceCode byColour) {

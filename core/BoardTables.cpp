@@ -51,6 +51,8 @@ TBoardTables Build() {
     for (int i = 0; i < t.knightTargets[from].n; ++i)
       t.knightMask[from] |= 1ULL << t.knightTargets[from].squares[i];
     FillSteps(t.whiteKingSteps[from], from, kWhiteKingSteps);
+    for (int i = 0; i < t.whiteKingSteps[from].n; ++i)
+      t.kingMask[from] |= 1ULL << t.whiteKingSteps[from].squares[i];
     FillSteps(t.blackKingSteps[from], from, kBlackKingSteps);
   }
   return t;

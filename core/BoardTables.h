@@ -20,6 +20,11 @@ struct TSquareList {
   SquareIndex squares[8];
 };
 
+// Rays whose squares ascend from their origin (the nearest piece on them is the lowest bit).
+constexpr bool IsAscending(int direction) {
+  return direction == kUp || direction == kRight || direction == kUpRight || direction == kUpLeft;
+}
+
 struct TBoardTables {
   TSquareList rays[64][8];         // squares along each direction, nearest first
   TSquareList knightTargets[64];   // in the knight generator's order
@@ -28,6 +33,7 @@ struct TBoardTables {
   std::int8_t direction[64][64];   // direction from the first square to the second, or -1
   std::uint64_t rayMask[64][8];    // the squares of each ray as a set
   std::uint64_t knightMask[64];    // the knight's targets as a set
+  std::uint64_t kingMask[64];      // the king's steps as a set
 };
 
 // Built before main runs; nothing reads it during static initialisation.

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "core/AttackerSets.h"
 #include "core/Attacks.h"
 #include "core/BoardTables.h"
 #include "core/MoveGeneration.h"
@@ -184,14 +185,10 @@ bool HasLegalKingStep(const TChessboard& board, bool bWhite) {
   const auto& t = tables::Get();
   const tables::TSquareList& steps = bWhite ? t.whiteKingSteps[king] : t.blackKingSteps[king];
   const PieceCode own = bWhite ? piece::kWhite : piece::kBlack;
-  const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
-  PieceCode squares[64];
-  std::memcpy(squares, board.squares, sizeof squares);
-  squares[king] = piece::kEmpty;
+  TAttackerSets enemy(board.squares, bWhite ? piece::kBlack : piece::kWhite);
+  enemy.Lift(king);
   for (int i = 0; i < steps.n; ++i)
-    if (!(squares[steps.squares[i]] & own) &&
-        !attacks::IsAttacked(squares, steps.squares[i], enemy))
-      return true;
+    if (!(board.squares[steps.squares[i]] & own) && !enemy.Attacks(steps.squares[i])) return true;
   return false;
 }
 
