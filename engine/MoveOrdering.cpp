@@ -1,6 +1,7 @@
 #include "engine/MoveOrdering.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
@@ -9,7 +10,28 @@
 namespace ordering {
 namespace {
 constexpr int kGroups = 4;  // killer, checks, captures and promotions, the rest
+
+// White's answers to a Black reply as generated (pseudo-legal): its evasions after a check.
+int WhiteAnswerCount(const TChessboard& board, TMove reply) {
+  TChessboard child = board;
+  child.parent = &board;
+  if (movemaking::MakeBlackMove(child, reply) <= 0) return kMoveBufferSize;  // tried last
+  TMove answers[kMoveBufferSize];
+  return child.IsWhiteInCheck() ? movegen::GenerateEvasions(child, answers)
+                                : movegen::GenerateAllMoves(child, answers);
 }
+
+// The fewer answers White has, the smaller the tree that proves a refutation: replies go
+// in ascending count, generation order among equals.
+void SortByWhiteAnswers(const TChessboard& board, TMove* moves, int n) {
+  if (n < 2) return;
+  std::pair<int, TMove> keyed[kMoveBufferSize];
+  for (int i = 0; i < n; ++i) keyed[i] = {WhiteAnswerCount(board, moves[i]), moves[i]};
+  std::stable_sort(keyed, keyed + n,
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (int i = 0; i < n; ++i) moves[i] = keyed[i].second;
+}
+}  // namespace
 
 int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
                              TMove killer) {
@@ -65,6 +87,8 @@ void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove kill
   TMove sorted[kMoveBufferSize];
   for (int i = 0; i < n; ++i) sorted[start[groupOf[i]]++] = moves[i];
   std::copy(sorted, sorted + n, moves);
+  SortByWhiteAnswers(board, moves, nInGroup[0]);
+  SortByWhiteAnswers(board, moves + nInGroup[0], nInGroup[1]);
 }
 
 }  // namespace ordering
