@@ -128,6 +128,18 @@ int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out) {
   }
 }
 
+bool FindPieceMove(const TChessboard& board, TMove move, TMove* found) {
+  TMove moves[kMoveBufferSize];
+  const int n = GeneratePieceMoves(board, move.from, moves);
+  for (int i = 0; i < n; ++i) {
+    if (moves[i].SameMove(move)) {
+      *found = moves[i];
+      return true;
+    }
+  }
+  return false;
+}
+
 int GenerateAllMoves(const TChessboard& board, TMove* out) {
   const std::uint64_t sideBits = 0x0101010101010101ULL * piece::SideMask(board.IsWhiteToMove());
   int n = 0;

@@ -11,6 +11,9 @@ namespace movegen {
 
 // Dispatches on the exact piece code on from; a piece not of the side to move gives 0.
 int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out);
+// The generated form of move (with its promotion code) when the piece of the side to move on
+// move.from has it among its pseudo-legal moves.
+bool FindPieceMove(const TChessboard& board, TMove move, TMove* found);
 // Every pseudo-legal move of the side to move, square by square from a1 to h8.
 int GenerateAllMoves(const TChessboard& board, TMove* out);
 // Legal replies of the side to move when it is in check (all at once), in generation order.

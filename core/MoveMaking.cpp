@@ -169,11 +169,9 @@ TChessboard* MakeSuccessor(const TChessboard& board, TMove move) {
 bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode) {
   const TMove move = TMove::FromCode(moveCode);
   if (move.from >= 64 || move.to >= 64 || board.ply == 0) return false;
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GeneratePieceMoves(board, move.from, moves);
-  for (int i = 0; i < n; ++i)
-    if (moves[i].SameMove(move)) return MakeSuccessor(board, moves[i]) != nullptr;
-  return false;
+  TMove generated;
+  return movegen::FindPieceMove(board, move, &generated) &&
+         MakeSuccessor(board, generated) != nullptr;
 }
 
 namespace {

@@ -199,12 +199,13 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
   // before the others are generated, which then are mostly never needed.
   const TMove killer = blackKillers[board.ply];
-  TMove moves[kMoveBufferSize];
-  const bool bKillerFirst = board.ply <= 2 && FindPieceMove(board, killer, moves);
+  TMove generatedKiller;
+  const bool bKillerFirst =
+      board.ply <= 2 && movegen::FindPieceMove(board, killer, &generatedKiller);
   if (bKillerFirst) {
-    const TMove generated = moves[0];
-    if (const auto result = TryBlackReply(board, generated, tally)) return *result;
+    if (const auto result = TryBlackReply(board, generatedKiller, tally)) return *result;
   }
+  TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
                                        : movegen::GenerateAllMoves(board, moves);
   if (!bKillerFirst) ordering::OrderBlackReplies(board, moves, n, killer);
@@ -214,18 +215,6 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   }
   if (tally.nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
   return mate::kMate;
-}
-
-bool CMateSearch::FindPieceMove(const TChessboard& board, TMove move, TMove* found) {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GeneratePieceMoves(board, move.from, moves);
-  for (int i = 0; i < n; ++i) {
-    if (moves[i].SameMove(move)) {
-      *found = moves[i];
-      return true;
-    }
-  }
-  return false;
 }
 
 std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, TMove reply,

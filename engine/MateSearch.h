@@ -69,8 +69,6 @@ class CMateSearch {
   // illegal), otherwise the node's result.
   std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply,
                                           TBlackReplyTally& tally);
-  // The generated form of move when the piece on its square has it (pseudo-legal).
-  static bool FindPieceMove(const TChessboard& board, TMove move, TMove* found);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);

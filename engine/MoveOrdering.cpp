@@ -9,7 +9,7 @@
 
 namespace ordering {
 namespace {
-constexpr int kGroups = 4;  // killer, checks, captures and promotions, the rest
+constexpr int kGroups = 4;  // for either side: see the header
 
 // White's answers to a Black reply as generated (pseudo-legal): its evasions after a check.
 int WhiteAnswerCount(const TChessboard& board, TMove reply) {
