@@ -2,118 +2,122 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 
 namespace {
-constexpr std::uint32_t kDistanceMask = 0xFFFF;
+constexpr std::uint64_t kDistanceMask = 0xFFFF;
+constexpr std::uint64_t kTagMask = 0xFFFF0000;
 constexpr std::size_t kFirstCapacity = 16;
 
-// Bits 32 to 47 of the hash: the low 32 pick the home slot, the top ones the shard.
-std::uint32_t Tag(std::uint64_t hash) {
-  return static_cast<std::uint32_t>((hash >> 32) & 0xFFFF) << 16;
+// Bits 32 to 47 of the hash: the low 32 pick the home cell, the top ones the shard.
+std::uint64_t Tag(std::uint64_t hash) {
+  return ((hash >> 32) & 0xFFFF) << 16;
+}
+std::size_t PlaceOf(std::uint64_t cell) {
+  return static_cast<std::size_t>(cell >> 32);
 }
 
 // Probe distances stay within 16 bits; a run that long means a broken hash, not bad luck.
-constexpr std::uint32_t kMaxDistance = kDistanceMask - 1;
+constexpr std::uint64_t kMaxDistance = kDistanceMask - 1;
 }  // namespace
 
-std::size_t CRegisterTable::FindIndex(const TChessboardRegisterItem& key,
-                                      std::uint64_t hash) const {
-  if (nSize == 0) return kNone;
-  const std::uint32_t tag = Tag(hash);
+std::size_t CRegisterTable::FindCell(const TChessboardRegisterItem& key, std::uint64_t hash) const {
+  if (pool.empty()) return kNone;
+  const std::uint64_t tag = Tag(hash);
   std::size_t i = Home(hash);
-  for (std::uint32_t distance = 1;; ++distance, i = Next(i)) {
-    const std::uint32_t word = meta[i];
-    // Robin Hood order: a key never lies beyond a slot whose key is nearer its home.
-    if ((word & kDistanceMask) < distance) return kNone;
-    if ((word & ~kDistanceMask) == tag && slots[i].key == key) return i;
+  for (std::uint64_t distance = 1;; ++distance, i = Next(i)) {
+    const std::uint64_t cell = cells[i];
+    // Robin Hood order: a key never lies beyond a cell whose key is nearer its home.
+    if ((cell & kDistanceMask) < distance) return kNone;
+    if ((cell & kTagMask) == tag && pool[PlaceOf(cell)].key == key) return i;
   }
 }
 
 const CRegisterEntries* CRegisterTable::Find(const TChessboardRegisterItem& key,
                                              std::uint64_t hash) const {
-  const std::size_t i = FindIndex(key, hash);
-  return i == kNone ? nullptr : &slots[i].entries;
+  const std::size_t i = FindCell(key, hash);
+  return i == kNone ? nullptr : &pool[PlaceOf(cells[i])].entries;
 }
 
 CRegisterEntries& CRegisterTable::FindOrAdd(const TChessboardRegisterItem& key,
                                             std::uint64_t hash) {
-  const std::size_t found = FindIndex(key, hash);
-  if (found != kNone) return slots[found].entries;
-  // Grow by half beyond seven eighths full: probe runs stay short.
+  const std::size_t found = FindCell(key, hash);
+  if (found != kNone) return pool[PlaceOf(cells[found])].entries;
+  // Everything that may throw comes first: room in the pool, then a larger index (grown
+  // beyond seven eighths full, so that probe runs stay short).
+  const std::size_t nSize = pool.size();
+  if (nSize == pool.capacity()) pool.reserve(std::max(kFirstCapacity, nSize + nSize / 2));
   if (8 * (nSize + 1) > 7 * nCapacity) Rebuild(std::max(kFirstCapacity, nCapacity + nCapacity / 2));
-  const std::size_t placed = Place(key, hash);
-  if (placed == kNone) throw std::length_error("register table: probe run too long");
-  return slots[placed].entries;
+  if (!PlaceCell(hash, static_cast<std::uint32_t>(nSize)))
+    throw std::length_error("register table: probe run too long");
+  pool.push_back(TSlot{key, CRegisterEntries()});
+  return pool.back().entries;
 }
 
-std::size_t CRegisterTable::Place(const TChessboardRegisterItem& key, std::uint64_t hash) {
-  // Find the slot where the new key belongs, then the first empty slot behind it.
+bool CRegisterTable::PlaceCell(std::uint64_t hash, std::uint32_t place) {
+  // Find the cell where the new key belongs, then the first empty cell behind it.
   std::size_t at = Home(hash);
-  std::uint32_t distance = 1;
-  while ((meta[at] & kDistanceMask) >= distance) {
-    if (++distance > kMaxDistance) return kNone;
+  std::uint64_t distance = 1;
+  while ((cells[at] & kDistanceMask) >= distance) {
+    if (++distance > kMaxDistance) return false;
     at = Next(at);
   }
   std::size_t empty = at;
-  for (; meta[empty] != 0; empty = Next(empty)) {
-    if ((meta[empty] & kDistanceMask) + 1 > kMaxDistance) return kNone;
+  for (; cells[empty] != 0; empty = Next(empty)) {
+    if ((cells[empty] & kDistanceMask) + 1 > kMaxDistance) return false;
   }
-  for (std::size_t i = empty; i != at; i = Previous(i)) {
-    const std::size_t from = Previous(i);
-    slots[i] = std::move(slots[from]);
-    meta[i] = meta[from] + 1;
+  for (std::size_t i = empty; i != at;) {
+    const std::size_t from = i == 0 ? nCapacity - 1 : i - 1;
+    cells[i] = cells[from] + 1;
+    i = from;
   }
-  slots[at].key = key;
-  slots[at].entries = CRegisterEntries();
-  meta[at] = Tag(hash) | distance;
-  ++nSize;
-  return at;
+  cells[at] = (static_cast<std::uint64_t>(place) << 32) | Tag(hash) | distance;
+  return true;
 }
 
-void CRegisterTable::EraseAt(std::size_t i) {
-  // Backward shift: the keys behind move one slot nearer their homes, leaving no holes.
-  for (std::size_t next = Next(i); (meta[next] & kDistanceMask) > 1; i = next, next = Next(i)) {
-    slots[i] = std::move(slots[next]);
-    meta[i] = meta[next] - 1;
+void CRegisterTable::EraseCell(std::size_t i) {
+  // Backward shift: the cells behind move one nearer their homes, leaving no holes.
+  for (std::size_t next = Next(i); (cells[next] & kDistanceMask) > 1; i = next, next = Next(i))
+    cells[i] = cells[next] - 1;
+  cells[i] = 0;
+}
+
+void CRegisterTable::EraseSlot(std::size_t place) {
+  EraseCell(FindCell(pool[place].key, HashRegisterItem(pool[place].key)));
+  const std::size_t last = pool.size() - 1;
+  if (place != last) {
+    const std::size_t lastCell = FindCell(pool[last].key, HashRegisterItem(pool[last].key));
+    cells[lastCell] = (cells[lastCell] & 0xFFFFFFFF) | (static_cast<std::uint64_t>(place) << 32);
+    pool[place] = std::move(pool[last]);
   }
-  slots[i].entries = CRegisterEntries();
-  meta[i] = 0;
-  --nSize;
+  pool.pop_back();
 }
 
 void CRegisterTable::Rebuild(std::size_t nNewCapacity) {
-  CRegisterTable rebuilt;
-  rebuilt.meta = std::make_unique<std::uint32_t[]>(nNewCapacity);
-  rebuilt.slots = std::make_unique<TSlot[]>(nNewCapacity);
-  rebuilt.nCapacity = nNewCapacity;
-  // Keys first, entries once every key has found its place: a failure leaves this table whole.
-  for (std::size_t i = 0; i < nCapacity; ++i) {
-    if (meta[i] != 0 && rebuilt.Place(slots[i].key, HashRegisterItem(slots[i].key)) == kNone) {
+  auto rebuilt = std::make_unique<std::uint64_t[]>(nNewCapacity);
+  std::swap(cells, rebuilt);
+  const std::size_t nOldCapacity = nCapacity;
+  nCapacity = nNewCapacity;
+  for (std::size_t place = 0; place < pool.size(); ++place) {
+    if (!PlaceCell(HashRegisterItem(pool[place].key), static_cast<std::uint32_t>(place))) {
+      std::swap(cells, rebuilt);  // a failure leaves the table whole
+      nCapacity = nOldCapacity;
       throw std::length_error("register table: probe run too long");
     }
   }
-  for (std::size_t i = 0; i < nCapacity; ++i) {
-    if (meta[i] == 0) continue;
-    const std::size_t at = rebuilt.FindIndex(slots[i].key, HashRegisterItem(slots[i].key));
-    rebuilt.slots[at].entries = std::move(slots[i].entries);
-  }
-  std::swap(meta, rebuilt.meta);
-  std::swap(slots, rebuilt.slots);
-  nCapacity = nNewCapacity;
 }
 
 void CRegisterTable::Clear() {
-  meta.reset();
-  slots.reset();
-  nCapacity = nSize = 0;
+  cells.reset();
+  nCapacity = 0;
+  pool = std::vector<TSlot>();
 }
 
 void CRegisterTable::Compact() {
-  const std::size_t nNeeded = std::max(kFirstCapacity, nSize + nSize / 2);
-  if (nSize == 0) {
+  if (pool.empty()) {
     Clear();
-  } else if (nNeeded < nCapacity) {
-    Rebuild(nNeeded);
+    return;
   }
+  pool.shrink_to_fit();
+  const std::size_t nNeeded = std::max(kFirstCapacity, pool.size() + pool.size() / 2);
+  if (nNeeded < nCapacity) Rebuild(nNeeded);
 }
