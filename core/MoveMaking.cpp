@@ -1,6 +1,5 @@
 #include "core/MoveMaking.h"
 
-#include <cstring>
 #include <utility>
 
 #include "core/AttackerSets.h"
