@@ -197,18 +197,19 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
 MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   TBlackReplyTally tally;
   // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
-  // before the others are generated, which then are mostly never needed.
+  // before the others are generated, which then are mostly never needed, and the ordering
+  // would cost more than it saves.
+  const bool bNearHorizon = board.ply <= 2;
   const TMove killer = blackKillers[board.ply];
   TMove generatedKiller;
-  const bool bKillerFirst =
-      board.ply <= 2 && movegen::FindPieceMove(board, killer, &generatedKiller);
+  const bool bKillerFirst = bNearHorizon && movegen::FindPieceMove(board, killer, &generatedKiller);
   if (bKillerFirst) {
     if (const auto result = TryBlackReply(board, generatedKiller, tally)) return *result;
   }
   TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
                                        : movegen::GenerateAllMoves(board, moves);
-  if (!bKillerFirst) ordering::OrderBlackReplies(board, moves, n, killer);
+  if (!bNearHorizon) ordering::OrderBlackReplies(board, moves, n, killer);
   for (int i = 0; i < n; ++i) {
     if (bKillerFirst && moves[i].SameMove(killer)) continue;
     if (const auto result = TryBlackReply(board, moves[i], tally)) return *result;

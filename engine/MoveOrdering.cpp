@@ -63,11 +63,6 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
 }
 
 void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove killer) {
-  if (board.ply <= 2) {
-    for (int i = 1; i < n; ++i)
-      if (moves[i].SameMove(killer)) std::rotate(moves, moves + i, moves + i + 1);
-    return;
-  }
   const attacks::CCheckFilter checks(board);
   std::uint8_t groupOf[kMoveBufferSize];
   int nInGroup[kGroups] = {};

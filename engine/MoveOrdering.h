@@ -17,8 +17,7 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
 // (they leave White few answers, so a refutation through them is proved in a small tree),
 // then captures (they take away mating material), then the reply that refuted a sibling and
 // queen promotions, then the rest. Checks and captures go in ascending count of White's
-// answers; otherwise generation order holds within each group. Next to the horizon,
-// where the killer refutes almost always, it alone goes first and the rest is not sorted.
+// answers; otherwise generation order holds within each group.
 void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove killer);
 
 }  // namespace ordering
