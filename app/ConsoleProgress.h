@@ -9,7 +9,7 @@ std::string ConsoleProgressLine(int nProblem, bool bMirrored, int nSeconds);
 
 class CConsoleProgress {
  public:
-  explicit CConsoleProgress(std::FILE* stream) : stream(stream) {}
+  explicit CConsoleProgress(std::FILE* output) : stream(output) {}
   // One second of a pass has gone by without its end; the count starts again with each pass.
   void Tick(int nProblem, int nMirrorPass);
 

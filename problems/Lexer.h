@@ -39,7 +39,7 @@ int NumberIn(const TToken& token, std::string_view digits, int min, int max);
 // ProblemSyntaxError at the offending offset.
 class CLexer {
  public:
-  explicit CLexer(std::string_view source, std::size_t offset = 0) : source(source), pos(offset) {}
+  explicit CLexer(std::string_view text, std::size_t offset = 0) : source(text), pos(offset) {}
 
   TToken Next();
   TToken Peek();

@@ -10,8 +10,8 @@
 // move line and answers. Every error throws ProblemSyntaxError with its text and offset.
 class CProblemReader {
  public:
-  CProblemReader(CLexer& lexer, const TDefaultClauses& defaults)
-      : lexer(lexer), defaults(defaults) {}
+  CProblemReader(CLexer& source, const TDefaultClauses& fileDefaults)
+      : lexer(source), defaults(fileDefaults) {}
 
   std::unique_ptr<TProblem> Read();
 

@@ -23,9 +23,9 @@ std::string IncoherenceText(bool bDefence) {
 }
 }  // namespace
 
-TChessboardRegister<bool>::TChessboardRegister(std::uint32_t nMaxElements,
-                                               TChessboardRegister<bool>* owner)
-    : nMaxElements(nMaxElements), owner(owner) {}
+TChessboardRegister<bool>::TChessboardRegister(std::uint32_t nLimit,
+                                               TChessboardRegister<bool>* aggregate)
+    : nMaxElements(nLimit), owner(aggregate) {}
 
 std::uint32_t TChessboardRegister<bool>::MaxElementsForQuota(std::uint64_t nTotalMemoryBytes,
                                                              std::uint64_t nQuotaMiB) {

@@ -1,7 +1,7 @@
 #include "registers/RegisterShards.h"
 
-CRegisterShards::CRegisterShards(std::atomic<std::uint32_t>& whiteToMoveCount)
-    : shards(kShards), whiteToMoveCount(whiteToMoveCount) {}
+CRegisterShards::CRegisterShards(std::atomic<std::uint32_t>& counter)
+    : shards(kShards), whiteToMoveCount(counter) {}
 
 std::uint8_t CRegisterShards::Find(const TChessboardRegisterItem& key, std::uint16_t n,
                                    bool bDefence) const {

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only when something is missing.
+# Usage: scripts/install-deps.sh [--bench]   (--bench: also Google Benchmark, for bench/)
 set -euo pipefail
-packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev libcurl4-openssl-dev)
+packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev)
+[ "${1:-}" = "--bench" ] && packages+=(libbenchmark-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

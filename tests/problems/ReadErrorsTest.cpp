@@ -103,8 +103,8 @@ TEST_P(ReadErrors, ReportTheirTextAndPlace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryText, ReadErrors, testing::ValuesIn(BadInputs()),
-                         [](const testing::TestParamInfo<TBadInput>& info) {
-                           return info.param.name;
+                         [](const testing::TestParamInfo<TBadInput>& param) {
+                           return param.param.name;
                          });
 
 TEST(ReadErrors, FileNameLineAndColumnLeadTheText) {
