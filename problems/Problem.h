@@ -15,6 +15,9 @@ struct TStipulation {
   static constexpr int kSelfmate = 2;    // "s#N"
   static constexpr int kMoveLine = 4;    // a position with a move line, no stipulation
 
+  // Plies stay below the 255 that marks a position without a stipulation.
+  static constexpr int kMaxMoves = 126;
+
   int type = kDirectMate;
   std::uint16_t plies = 3;
 

@@ -12,7 +12,6 @@
 namespace {
 
 // Longer mates do not fit the ply values below the "no stipulation" mark.
-constexpr int kMaxStipulationMoves = 126;
 
 // Where the first move after the first nMade moves of a numbered sequence stands, or
 // npos: the move-sequence reader stops silently at a refused move, and a line cut short
@@ -57,7 +56,7 @@ void CProblemReader::ReadHeader(TProblem& problem) {
   const TToken next = lexer.Peek();
   if (next.IsSymbol('#')) {
     lexer.Next();
-    stipulation = TStipulation::DirectMate(lexer.NextNumber(1, kMaxStipulationMoves));
+    stipulation = TStipulation::DirectMate(lexer.NextNumber(1, TStipulation::kMaxMoves));
   } else if (next.IsWord({"s"})) {
     lexer.Next();
     const TToken hash = lexer.NextRequired();
@@ -65,7 +64,7 @@ void CProblemReader::ReadHeader(TProblem& problem) {
       FailAt(next.offset, "Opening bracket expected { or unrecognized option encountered: " +
                               std::string(next.text));
     }
-    stipulation = TStipulation::Selfmate(lexer.NextNumber(1, kMaxStipulationMoves));
+    stipulation = TStipulation::Selfmate(lexer.NextNumber(1, TStipulation::kMaxMoves));
   }
   problem.SetStipulation(stipulation);
   try {
