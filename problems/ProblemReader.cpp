@@ -11,8 +11,6 @@
 
 namespace {
 
-// Longer mates do not fit the ply values below the "no stipulation" mark.
-
 // Where the first move after the first nMade moves of a numbered sequence stands, or
 // npos: the move-sequence reader stops silently at a refused move, and a line cut short
 // would be lost when the file is written again.
