@@ -61,7 +61,7 @@ std::vector<std::string> StartProgram(const std::filesystem::path& workFolder) {
     settings.Load(workFolder / "options.ini");
     notes = SecondInstanceNotes(settings);
   }
-  ChooseProcessPriority(platform::EPriorityClass::BelowNormal);
+  LowerProcessPriorityAtStart();
   state.guiLogPath = workFolder / kGuiLogFileName;
   AppendTimedLogLine(state.guiLogPath, "Program opened");
   return notes;
