@@ -19,7 +19,7 @@
 #include "app/SolverCommands.h"
 #include "app/SolvingEvents.h"
 #include "app/SolvingRequest.h"
-#include "engine/ThreadSettings.h"
+#include "app/ThreadSettings.h"
 #include "problems/Problem.h"
 #include "registers/ChessboardRegister.h"
 

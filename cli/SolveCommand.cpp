@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -18,6 +17,8 @@
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
 #include "app/Startup.h"
+#include "app/ThreadCountLabel.h"
+#include "app/ThreadSettings.h"
 #include "cli/Commands.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
@@ -50,33 +51,10 @@ enum class EProblemEnd { Solved, NotFinished, Failed };
   throw CommandExit{2};
 }
 
-// "T" or "T^L"; fewer than 2 threads always run at one level.
-std::optional<TThreadSettings> ParseThreadSettings(const std::string& text) {
-  const auto ReadNumber = [](std::string_view digits, unsigned& value) {
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return error == std::errc() && end == digits.data() + digits.size() && value >= 1 &&
-           value <= 64;
-  };
-  const std::size_t caret = text.find('^');
-  TThreadSettings settings;
-  if (!ReadNumber(std::string_view(text).substr(0, caret), settings.nThreads)) return std::nullopt;
-  if (caret != std::string::npos &&
-      !ReadNumber(std::string_view(text).substr(caret + 1), settings.nLevels))
-    return std::nullopt;
-  if (settings.nThreads < 2) settings.nLevels = 1;
-  if (!IsAdmissibleThreadTotal(settings.nThreads, settings.nLevels)) return std::nullopt;
-  return settings;
-}
-
 std::string MovesText(const std::vector<std::string>& moves) {
   std::string text;
   for (const std::string& move : moves) text += (text.empty() ? "" : " ") + move;
   return text.empty() ? "-" : text;
-}
-
-int ThreadLabelMode(ESolvingMode mode) {
-  if (mode == ESolvingMode::SingleSolution) return 1;
-  return mode == ESolvingMode::AllSolutions ? 2 : 0;
 }
 
 void PrintPass(const SolvingRequest& request, const std::vector<std::string>& reportLines) {
@@ -144,17 +122,19 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
     ++tally.nSkipped;
     return;
   }
-  if (const auto refusal =
-          session.Start({.pProblem = &problem, .bFindAll = args.bAll, .threads = threads,
-                         .bMirrorSwitch = args.bMirror})) {
+  if (const auto refusal = session.Start({.pProblem = &problem,
+                                          .bFindAll = args.bAll,
+                                          .threads = threads,
+                                          .bMirrorSwitch = args.bMirror})) {
     std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
     Count({.end = EProblemEnd::Failed}, tally);
     return;
   }
   const SolvingRequest& first = *session.Requests().front();
-  std::printf("%s: %s%s\n", title.c_str(),
-              ThreadCountLabel(first.threads.nThreads, ThreadLabelMode(first.solvingMode)).c_str(),
-              Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
+  std::printf(
+      "%s: %s%s\n", title.c_str(),
+      ThreadCountLabel(first.threads.nThreads, ThreadLabelModeOf(first.solvingMode)).c_str(),
+      Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
   std::fflush(stdout);
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
@@ -207,9 +187,12 @@ void RunSolve(const TSolveArguments& args) {
   if (args.fen.empty() == args.file.empty()) BadInput("Give either a problem file or --fen");
   if (!args.fen.empty() && args.nMate < 1) BadInput("--fen needs --mate N (N >= 1)");
   std::optional<TThreadSettings> threads;
-  if (!args.threads.empty() && !(threads = ParseThreadSettings(args.threads)))
-    BadInput("Improper --threads " + args.threads + ": T or T^L, 1..64 each, at most " +
-             "32766 threads in all");
+  if (!args.threads.empty()) {
+    const TThreadSettingsReading reading = ReadThreadSettings(args.threads);
+    if (!reading.settings) BadInput("--threads " + reading.sRefusal);
+    for (const std::string& note : reading.notes) std::cerr << "--threads " << note << "\n";
+    threads = reading.settings;
+  }
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
