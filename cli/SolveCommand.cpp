@@ -14,6 +14,7 @@
 #include "app/Formatting.h"
 #include "app/Options.h"
 #include "app/ProgramState.h"
+#include "app/SolveTally.h"
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
 #include "app/Startup.h"
@@ -39,13 +40,6 @@ struct TSolveArguments {
   std::string threads;
 };
 
-struct TTally {
-  int nProblems = 0, nSolved = 0, nNotFinished = 0, nFailed = 0, nSkipped = 0;
-  int nMatched = 0, nMismatched = 0;
-};
-
-enum class EProblemEnd { Solved, NotFinished, Failed };
-
 [[noreturn]] void BadInput(const std::string& text) {
   std::cerr << text << "\n";
   throw CommandExit{2};
@@ -68,58 +62,35 @@ void PrintPass(const SolvingRequest& request, const std::vector<std::string>& re
               FormatCount(static_cast<std::uint32_t>(nCount)).c_str());
 }
 
-// Prints the answer check of a finished pass and returns it.
-EAnswerCheck PrintAnswerCheck(const SolvingRequest& request) {
+// Prints the answer check of a finished pass.
+void PrintAnswerCheck(const SolvingRequest& request) {
   const EAnswerCheck check = CheckAnswer(request);
-  if (check == EAnswerCheck::NotRecorded) return check;
+  if (check == EAnswerCheck::NotRecorded) return;
   std::vector<std::string> recorded;
   for (TMove move : request.pProblem->answer)
     recorded.push_back(notation::MoveToText(request.pProblem->start, move));
   std::printf("Answer %s: %s\n", MovesText(recorded).c_str(),
               check == EAnswerCheck::Matched ? "matched" : "MISMATCHED");
-  return check;
 }
 
-struct TProblemEnd {
-  EProblemEnd end = EProblemEnd::Solved;
-  EAnswerCheck check = EAnswerCheck::NotRecorded;  // over all passes, when solved
-};
-
 // Prints what each pass of the solve that just ended found.
-TProblemEnd PrintPasses(const CSolvingSession& session, EWaitOutcome waited) {
-  TProblemEnd outcome;
-  if (waited == EWaitOutcome::TimedOut) outcome.end = EProblemEnd::NotFinished;
+void PrintPasses(const CSolvingSession& session) {
   for (const auto& request : session.Requests()) {
     const TSolvingResult& result = request->result;
     if (!result.bRun) continue;
     PrintPass(*request, CompletionReport(Options().nLanguageId, request->Label(), result));
-    if (!result.sError.empty()) outcome.end = EProblemEnd::Failed;
-    if (!result.sError.empty() || result.bStopped) continue;
-    const EAnswerCheck check = PrintAnswerCheck(*request);
-    if (outcome.check != EAnswerCheck::Mismatched && check != EAnswerCheck::NotRecorded)
-      outcome.check = check;
+    if (result.sError.empty() && !result.bStopped) PrintAnswerCheck(*request);
   }
-  return outcome;
-}
-
-void Count(const TProblemEnd& outcome, TTally& tally) {
-  tally.nSolved += outcome.end == EProblemEnd::Solved ? 1 : 0;
-  tally.nNotFinished += outcome.end == EProblemEnd::NotFinished ? 1 : 0;
-  tally.nFailed += outcome.end == EProblemEnd::Failed ? 1 : 0;
-  if (outcome.end != EProblemEnd::Solved) return;
-  tally.nMatched += outcome.check == EAnswerCheck::Matched ? 1 : 0;
-  tally.nMismatched += outcome.check == EAnswerCheck::Mismatched ? 1 : 0;
 }
 
 // Solves one problem and prints what its passes found.
 void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
-                  const std::optional<TThreadSettings>& threads, TTally& tally) {
-  ++tally.nProblems;
+                  const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
   const std::string title =
       "Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text();
   if (problem.stipulation.type != TStipulation::kDirectMate) {
     std::printf("Problem %d skipped: not a direct mate\n\n", problem.id);
-    ++tally.nSkipped;
+    tally.CountSkipped();
     return;
   }
   if (const auto refusal = session.Start({.pProblem = &problem,
@@ -127,7 +98,7 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
                                           .threads = threads,
                                           .bMirrorSwitch = args.bMirror})) {
     std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
-    Count({.end = EProblemEnd::Failed}, tally);
+    tally.Count({.end = EProblemEnd::Failed});
     return;
   }
   const SolvingRequest& first = *session.Requests().front();
@@ -138,7 +109,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   std::fflush(stdout);
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
-  Count(PrintPasses(session, waited), tally);
+  PrintPasses(session);
+  tally.Count(ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut));
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
@@ -206,17 +178,13 @@ void RunSolve(const TSolveArguments& args) {
         return true;
       }});
   const auto start = std::chrono::steady_clock::now();
-  TTally tally;
+  CSolveTally tally;
   for (const TProblem* problem : problems) SolveProblem(session, *problem, args, threads, tally);
   const auto nSeconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start)
           .count();
-  std::printf(
-      "Solved %d of %d problems (%d not finished, %d failed, %d skipped); answers matched %d, "
-      "mismatched %d; time %s\n",
-      tally.nSolved, tally.nProblems, tally.nNotFinished, tally.nFailed, tally.nSkipped,
-      tally.nMatched, tally.nMismatched, FormatElapsed(nSeconds).c_str());
-  if (tally.nNotFinished + tally.nFailed + tally.nMismatched > 0) throw CommandExit{1};
+  std::printf("%s\n", tally.SummaryText(nSeconds).c_str());
+  if (tally.HasFailures()) throw CommandExit{1};
 }
 
 }  // namespace
