@@ -1,9 +1,8 @@
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <map>
 #include <memory>
 
+#include "app/MedianTiming.h"
 #include "app/TsvTable.h"
 #include "cli/Commands.h"
 #include "core/Perft.h"
@@ -46,16 +45,9 @@ void RunBenchPerft(const TBenchPerftArguments& args) {
   bool bAllMatch = true;
   for (const auto& c : cases) {
     const perft::CPerftPosition position(c.fen, c.depth);
-    std::vector<double> seconds;
     std::uint64_t nodes = 0;
-    for (int run = 0; run < args.nRuns; ++run) {
-      const auto start = std::chrono::steady_clock::now();
-      nodes = perft::Perft(position.Root(), c.depth);
-      seconds.push_back(
-          std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(seconds.begin(), seconds.end());
-    const double median = seconds[seconds.size() / 2];
+    const double median =
+        MedianSeconds(args.nRuns, [&] { nodes = perft::Perft(position.Root(), c.depth); });
     const bool bMatch = nodes == c.nExpected;
     bAllMatch = bAllMatch && bMatch;
     std::printf("%-10s %5d %12llu %10.3f %12.0f%s\n", c.name.c_str(), c.depth,

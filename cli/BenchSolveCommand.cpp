@@ -1,8 +1,9 @@
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <memory>
 
+#include "app/MedianTiming.h"
+#include "app/PublishedKeys.h"
 #include "app/TsvTable.h"
 #include "cli/Commands.h"
 #include "core/Fen.h"
@@ -23,49 +24,29 @@ struct TBenchSolveArguments {
 struct TTiming {
   double seconds = 0;  // median of the runs
   std::uint64_t nPositions = 0;
-  std::vector<std::string> keys;
+  std::vector<TMove> keys;
   std::uint32_t nRegisterPeak = 0;
 };
 
-// Keys compared by their squares: the reference writes some captures with '-'.
-std::string SortedKeys(std::vector<std::string> keys) {
-  for (auto& key : keys) std::replace(key.begin(), key.end(), ':', '-');
-  std::sort(keys.begin(), keys.end());
+std::string KeyTexts(const TChessboard& start, const std::vector<TMove>& keys) {
   std::string text;
-  for (const auto& key : keys) text += (text.empty() ? "" : " ") + key;
+  for (TMove key : keys) text += (text.empty() ? "" : " ") + notation::MoveToText(start, key);
   return text;
-}
-
-std::vector<std::string> PublishedKeys(const std::string& field) {
-  std::vector<std::string> keys;
-  for (size_t at = 0; at < field.size();) {
-    const size_t end = std::min(field.find_first_of(" ,", at), field.size());
-    if (end > at) keys.push_back(field.substr(at, end - at));
-    at = end + 1;
-  }
-  return keys;
 }
 
 // All solutions with a fresh register per run, so that runs do not help each other.
 TTiming Solve(const TChessboard& start, int nMoves, int nThreads,
               const TBenchSolveArguments& args) {
   TTiming timing;
-  std::vector<double> seconds;
-  for (int run = 0; run < args.nRuns; ++run) {
+  timing.seconds = MedianSeconds(args.nRuns, [&] {
     TChessboardRegister<bool> reg(args.nRegisterElements);
     CMateSolver solver(start, nMoves,
                        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
-    const auto begin = std::chrono::steady_clock::now();
     const TRootOutcome outcome = solver.Run();
-    seconds.push_back(
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     timing.nPositions = outcome.nPositions;
-    timing.keys.clear();
-    for (TMove key : outcome.keys) timing.keys.push_back(notation::MoveToText(start, key));
+    timing.keys = outcome.keys;
     timing.nRegisterPeak = std::max(timing.nRegisterPeak, reg.GetPeakElementsIn());
-  }
-  std::sort(seconds.begin(), seconds.end());
-  timing.seconds = seconds[seconds.size() / 2];
+  });
   return timing;
 }
 
@@ -100,8 +81,8 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
       throw std::runtime_error("Improper FEN code: " + row.at("id"));
     const int nMoves = std::stoi(row.at("n"));
     const TTiming single = Solve(start, nMoves, 1, args);
-    const std::string expected = SortedKeys(PublishedKeys(row.at("keys")));
-    bool bRight = SortedKeys(single.keys) == expected;
+    const std::vector<TMove> published = ReadPublishedKeys(row.at("keys"));
+    bool bRight = MatchesPublishedKeys(single.keys, published);
     const double reference = ReferenceSeconds(row);
     nSlower += reference > 0 && single.seconds > reference ? 1 : 0;
     nPeak = std::max(nPeak, single.nRegisterPeak);
@@ -113,11 +94,11 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
                 reference > 0 ? single.seconds / reference : 0);
     if (bCompare) {
       const TTiming threaded = Solve(start, nMoves, args.nThreads, args);
-      bRight = bRight && SortedKeys(threaded.keys) == expected;
+      bRight = bRight && MatchesPublishedKeys(threaded.keys, published);
       threadedTotal += threaded.seconds;
       std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
     }
-    std::printf("%s\n", bRight ? "" : ("  WRONG: " + SortedKeys(single.keys)).c_str());
+    std::printf("%s\n", bRight ? "" : ("  WRONG: " + KeyTexts(start, single.keys)).c_str());
     std::fflush(stdout);
     nWrong += bRight ? 0 : 1;
   }
