@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <cstdio>
+#include <iostream>
+#include <limits>
 #include <memory>
 
 #include "app/MedianTiming.h"
@@ -18,7 +20,7 @@ struct TBenchSolveArguments {
   bool bAllRows = false;
   int nThreads = 1;
   int nRuns = 1;
-  std::uint32_t nRegisterElements = 20'000'000;
+  std::int64_t nRegisterElements = 20'000'000;  // signed, so that "-1" is refused
 };
 
 struct TTiming {
@@ -39,7 +41,7 @@ TTiming Solve(const TChessboard& start, int nMoves, int nThreads,
               const TBenchSolveArguments& args) {
   TTiming timing;
   timing.seconds = MedianSeconds(args.nRuns, [&] {
-    TChessboardRegister<bool> reg(args.nRegisterElements);
+    TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
     CMateSolver solver(start, nMoves,
                        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
     const TRootOutcome outcome = solver.Run();
@@ -61,7 +63,21 @@ double ReferenceSeconds(const CTsvTable::TRow& row) {
   return std::stod(found->second);
 }
 
+std::vector<CTsvTable::TRow> SelectedRows(const TBenchSolveArguments& args) {
+  const CTsvTable table = CTsvTable::Read(args.set);
+  std::vector<CTsvTable::TRow> rows;
+  for (const auto& row : table.Rows())
+    if (Selected(row, args)) rows.push_back(row);
+  if (rows.empty()) {
+    std::cerr << "No row of " << args.set << " is selected"
+              << (args.only.empty() ? "" : " by --only " + args.only) << "\n";
+    throw CommandExit{2};
+  }
+  return rows;
+}
+
 void RunBenchSolve(const TBenchSolveArguments& args) {
+  const std::vector<CTsvTable::TRow> rows = SelectedRows(args);
   const bool bCompare = args.nThreads > 1;
   std::printf("%-20s %3s %9s %12s %11s %9s %7s", "problem", "#", "seconds", "positions", "pos/s",
               "ref s", "ratio");
@@ -72,9 +88,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
   double total = 0, referenceTotal = 0, unreferencedTotal = 0, threadedTotal = 0;
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
-  const CTsvTable table = CTsvTable::Read(args.set);
-  for (const auto& row : table.Rows()) {
-    if (!Selected(row, args)) continue;
+  for (const auto& row : rows) {
     TChessboard start;
     ClearChessboard(start);
     if (!fen::ReadFen(start, row.at("fen")))
@@ -130,6 +144,7 @@ void AddBenchSolveCommand(CLI::App& bench) {
       ->check(CLI::Range(1, 64));
   command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")
       ->check(CLI::Range(1, 99));
-  command->add_option("--register", args->nRegisterElements, "Register entries");
+  command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
+      ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->callback([args] { RunBenchSolve(*args); });
 }

@@ -136,7 +136,10 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
   for (int id : args.problemIds) {
     const TProblem* problem = collection.Find(id);
     if (!problem) BadInput("No problem " + std::to_string(id) + " in " + args.file);
-    problems.push_back(problem);
+    if (std::find(problems.begin(), problems.end(), problem) != problems.end())
+      std::cerr << "--problem names " << id << " more than once; it is solved once\n";
+    else
+      problems.push_back(problem);
   }
   if (args.problemIds.empty())
     for (const auto& [id, problem] : collection.Problems()) problems.push_back(problem.get());
@@ -155,16 +158,27 @@ class CProgramLifetime {
   CProgramLifetime& operator=(const CProgramLifetime&) = delete;
 };
 
-void RunSolve(const TSolveArguments& args) {
+// Refuses options that belong to the other kind of source: a file, or a FEN with --mate.
+void CheckSource(const TSolveArguments& args) {
   if (args.fen.empty() == args.file.empty()) BadInput("Give either a problem file or --fen");
   if (!args.fen.empty() && args.nMate < 1) BadInput("--fen needs --mate N (N >= 1)");
-  std::optional<TThreadSettings> threads;
-  if (!args.threads.empty()) {
-    const TThreadSettingsReading reading = ReadThreadSettings(args.threads);
-    if (!reading.settings) BadInput("--threads " + reading.sRefusal);
-    for (const std::string& note : reading.notes) std::cerr << "--threads " << note << "\n";
-    threads = reading.settings;
-  }
+  if (args.fen.empty() && args.nMate != 0)
+    BadInput("--mate goes with --fen; a file's problems have their own");
+  if (!args.fen.empty() && !args.problemIds.empty())
+    BadInput("--problem picks problems of a file, not of --fen");
+}
+
+std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  const TThreadSettingsReading reading = ReadThreadSettings(text);
+  if (!reading.settings) BadInput("--threads " + reading.sRefusal);
+  for (const std::string& note : reading.notes) std::cerr << "--threads " << note << "\n";
+  return reading.settings;
+}
+
+void RunSolve(const TSolveArguments& args) {
+  CheckSource(args);
+  const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
@@ -198,10 +212,11 @@ void AddSolveCommand(CLI::App& app) {
   command->add_option("--problem", args->problemIds, "ids of the problems to solve (default all)")
       ->delimiter(',');
   command->add_option("--fen", args->fen, "solve this position instead of a file");
-  command->add_option("--mate", args->nMate, "the N of #N for --fen");
+  command->add_option("--mate", args->nMate, "the N of #N for --fen")
+      ->check(CLI::Range(1, TStipulation::kMaxMoves));
   command->add_flag("--all", args->bAll, "find all solutions, whatever the problem asks for");
   command->add_option("--time-limit", args->nTimeLimitSeconds, "seconds per problem")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
   command->add_flag("--quiet", args->bQuiet, "no progress line on stderr");
   command->add_flag("--mirror", args->bMirror,
                     "also solve the position mirrored left to right (a check of the first pass)");

@@ -36,8 +36,12 @@ std::vector<std::string> TabFields(const std::string& line) {
 
 }  // namespace
 
+std::string PathOf(const std::string& fileName) {
+  return std::string(LONGMATE_SHARED_DATA) + "/" + fileName;
+}
+
 std::vector<TRow> ReadTsv(const std::string& fileName) {
-  const std::string path = std::string(LONGMATE_SHARED_DATA) + "/" + fileName;
+  const std::string path = PathOf(fileName);
   std::ifstream in(path);
   if (!in) throw std::runtime_error("cannot read the reference table " + path);
   std::string line;
