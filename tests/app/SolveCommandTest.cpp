@@ -21,25 +21,33 @@ constexpr const char* kCollection =
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
     "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
 
-// Runs longmate in the folder with the arguments; returns its exit status and its output
-// streams.
 struct TRun {
   int nStatus = -1;
   std::string out, err;
 };
 
-TRun RunLongmate(const CTempFolder& folder, const std::string& arguments) {
-  const std::string command = "cd '" + folder.Path().string() + "' && '" + LongmatePath().string() +
-                              "' " + arguments + " > out.txt 2> err.txt";
-  const int nWaitStatus = std::system(command.c_str());
-  return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1, ReadTextFile(folder / "out.txt"),
-          ReadTextFile(folder / "err.txt")};
-}
+// A folder holding the collection above, in which longmate runs.
+class SolveCommand : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
+    WriteTextFile(folder / "problems.cp", kCollection);
+  }
 
-TEST(SolveCommand, ExitStatuses) {
-  if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
+  // Returns the exit status and the output streams.
+  TRun Run(const std::string& arguments) const {
+    const std::string command = "cd '" + folder.Path().string() + "' && '" +
+                                LongmatePath().string() + "' " + arguments +
+                                " > out.txt 2> err.txt";
+    const int nWaitStatus = std::system(command.c_str());
+    return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1,
+            ReadTextFile(folder / "out.txt"), ReadTextFile(folder / "err.txt")};
+  }
+
   CTempFolder folder;
-  WriteTextFile(folder / "problems.cp", kCollection);
+};
+
+TEST_F(SolveCommand, ExitStatuses) {
   const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-04273");
   const struct {
     std::string arguments;
@@ -59,7 +67,7 @@ TEST(SolveCommand, ExitStatuses) {
       {"--fen 4k3/8/8/8/8/8/8/4RK2 --mate 2", 2, ""},  // Black in check
   };
   for (const auto& c : cases) {
-    const TRun run = RunLongmate(folder, "solve --quiet " + c.arguments);
+    const TRun run = Run("solve --quiet " + c.arguments);
     EXPECT_EQ(run.nStatus, c.nStatus) << c.arguments << "\n" << run.err;
     EXPECT_THAT(run.out, ::testing::HasSubstr(c.szOutput)) << c.arguments;
   }
@@ -67,10 +75,7 @@ TEST(SolveCommand, ExitStatuses) {
 
 // Numbers out of range are refused with a message that names the option, never wrapped
 // around or cut back in silence. Each is refused before any work starts.
-TEST(SolveCommand, NumbersOutOfRangeAreRefused) {
-  if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
-  CTempFolder folder;
-  WriteTextFile(folder / "problems.cp", kCollection);
+TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
   const std::string fen = "--fen 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8";
   const std::string perftFile = "--file '" + testdata::PathOf("perft.tsv") + "'";
   const std::pair<std::string, const char*> cases[] = {
@@ -91,7 +96,7 @@ TEST(SolveCommand, NumbersOutOfRangeAreRefused) {
       {"bench read --problems 0", "--problems"},
   };
   for (const auto& [arguments, szNamed] : cases) {
-    const TRun run = RunLongmate(folder, arguments);
+    const TRun run = Run(arguments);
     EXPECT_EQ(run.nStatus, 2) << arguments << "\n" << run.err;
     EXPECT_THAT(run.err, ::testing::HasSubstr(szNamed)) << arguments;
   }
