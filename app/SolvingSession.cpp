@@ -14,6 +14,7 @@
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "engine/MateSolver.h"
+#include "engine/ProblemSortIndications.h"
 
 namespace {
 
@@ -129,7 +130,10 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .passNumber = kPassWithoutHeuristics,
         .pRegister = tempRegister.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
-        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads};
+        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads,
+        .sortIndications =
+            sortsource::ForSolve(*request.pProblem, settings.bUseMainVariantAsSortIndications,
+                                 request.nMirrorPass == 1)};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
     RecordOutcome(outcome, solver.WasStopped(), request);
