@@ -15,6 +15,7 @@
 #include "core/Fen.h"
 #include "engine/MateSolver.h"
 #include "engine/ProblemSortIndications.h"
+#include "engine/RegisterBinding.h"
 
 namespace {
 
@@ -89,6 +90,7 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                          .bQuickMode = settings.bQuickMode,
                                          .bMirrorSwitch = order.bMirrorSwitch});
   if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+  BindRegisterToProblem(*tempRegister, problem.start);
   {
     const std::lock_guard lock(controlMutex);
     bStopRequested = false;

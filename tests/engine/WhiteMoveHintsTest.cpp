@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "TestData.h"
+#include "DirectMateRows.h"
 #include "core/Fen.h"
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
@@ -43,17 +43,7 @@ bool Make(const TChessboard& board, const std::string& text, TChessboard& child)
   return false;
 }
 
-// The reference data writes some captures with '-': moves compare by their squares.
-std::string Plain(std::string text) {
-  std::replace(text.begin(), text.end(), ':', '-');
-  return text;
-}
-
-std::vector<std::string> Texts(const TChessboard& board, const std::vector<TMove>& moves) {
-  std::vector<std::string> texts;
-  for (TMove move : moves) texts.push_back(Plain(notation::MoveToText(board, move)));
-  return texts;
-}
+using matetest::Texts;
 
 TEST(WhiteMoveHints, EveryFieldAnElementGivesMustHold) {
   // Black has just played d7-d5, so e5:d6 takes en passant; castling both ways is open.
@@ -154,27 +144,22 @@ TEST(WhiteMoveHints, FirstMovesFollowTheIndications) {
 // first move only, or at every White move of the tree, with 1 and 2 threads.
 TEST(WhiteMoveHints, KeysDoNotDependOnTheOrder) {
   int nSolved = 0;
-  for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
-    if (row.at("popeye_seconds").empty() || std::stod(row.at("popeye_seconds")) > 0.2) continue;
-    auto published = testdata::Split(row.at("keys"), " ,");
+  for (const auto& row : matetest::QuickRows(0.2)) {
+    const std::vector<std::string> published = matetest::PublishedKeys(row);
     if (published.empty()) continue;
-    for (auto& key : published) key = Plain(key);
-    std::sort(published.begin(), published.end());
-    const int nMoves = std::stoi(row.at("n"));
-    const TChessboard root = Board(row.at("fen"), static_cast<std::uint16_t>(2 * nMoves - 1));
+    const TChessboard root = matetest::Root(row);
     for (const std::string& indications : {"~1. " + published.front(), "~" + published.front()}) {
       for (int nThreads : {1, 2}) {
         TChessboardRegister<bool> reg(1'000'000);
-        CMateSolver solver(root, nMoves,
+        CMateSolver solver(root, matetest::Moves(row),
                            {.nThreads = nThreads,
                             .nMaxSolutions = 0,
                             .pRegister = &reg,
                             .sortIndications = sortindication::ParseList(indications)});
         const std::string where = row.at("id") + " with " + indications;
         EXPECT_EQ(Texts(root, solver.Root().FirstMoves()).back(), published.front()) << where;
-        std::vector<std::string> keys = Texts(root, solver.Run().keys);
-        std::sort(keys.begin(), keys.end());
-        EXPECT_EQ(keys, published) << where << ", " << nThreads << " threads";
+        EXPECT_EQ(Texts(root, solver.Run().keys, true), published)
+            << where << ", " << nThreads << " threads";
       }
     }
     ++nSolved;
