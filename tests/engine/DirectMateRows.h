@@ -40,13 +40,18 @@ inline int Moves(const testdata::TRow& row) {
   return std::stoi(row.at("n"));
 }
 
+// A position read from FEN as the root of a line with ply plies left.
+inline TChessboard Board(const std::string& fenText, std::uint16_t ply) {
+  TChessboard board;
+  ClearChessboard(board);
+  EXPECT_TRUE(fen::ReadFen(board, fenText)) << fenText;
+  board.ply = board.rootPlies = ply;
+  return board;
+}
+
 // The row's position as the root of its stipulation.
 inline TChessboard Root(const testdata::TRow& row) {
-  TChessboard root;
-  ClearChessboard(root);
-  EXPECT_TRUE(fen::ReadFen(root, row.at("fen"))) << row.at("id");
-  root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * Moves(row) - 1);
-  return root;
+  return Board(row.at("fen"), static_cast<std::uint16_t>(2 * Moves(row) - 1));
 }
 
 inline testdata::TRow Row(const std::string& id) {

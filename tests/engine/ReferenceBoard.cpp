@@ -3,6 +3,7 @@
 #include <cctype>
 #include <initializer_list>
 #include <sstream>
+#include <utility>
 
 namespace reference {
 namespace {
@@ -30,6 +31,17 @@ char Upper(char piece) {
 
 char Lower(char piece) {
   return static_cast<char>(piece | 0x20);
+}
+
+constexpr std::pair<PieceCode, char> kLetters[] = {{piece::kKing, 'K'},   {piece::kQueen, 'Q'},
+                                                   {piece::kRook, 'R'},   {piece::kBishop, 'B'},
+                                                   {piece::kKnight, 'N'}, {piece::kPawn, 'P'}};
+
+// White's letter of a piece type.
+char LetterOf(PieceCode type) {
+  for (const auto& [known, letter] : kLetters)
+    if (known == type) return letter;
+  return '?';
 }
 
 // The castling rights a move from or to square takes away.
@@ -88,29 +100,7 @@ CReferenceBoard CReferenceBoard::FromProblemStart(const TChessboard& board) {
   for (int s = 0; s < 64; ++s) {
     const PieceCode code = board.squares[s];
     if (code == piece::kEmpty) continue;
-    char letter = '?';
-    switch (piece::TypeOf(code)) {
-      case piece::kKing:
-        letter = 'K';
-        break;
-      case piece::kQueen:
-        letter = 'Q';
-        break;
-      case piece::kRook:
-        letter = 'R';
-        break;
-      case piece::kBishop:
-        letter = 'B';
-        break;
-      case piece::kKnight:
-        letter = 'N';
-        break;
-      case piece::kPawn:
-        letter = 'P';
-        break;
-      default:
-        break;
-    }
+    const char letter = LetterOf(piece::TypeOf(code));
     out.squares[(s / 8) * 16 + s % 8] = piece::IsWhite(code) ? letter : Lower(letter);
   }
   const struct {
@@ -312,22 +302,8 @@ std::uint64_t CReferenceBoard::Perft(int depth) const {
 TMove CReferenceBoard::ToEngineMove(const TRefMove& move) {
   const auto square64 = [](int s) { return static_cast<SquareIndex>((s >> 4) * 8 + (s & 7)); };
   PieceCode promotion = piece::kEmpty;
-  switch (move.promotion) {
-    case 'Q':
-      promotion = piece::kQueen;
-      break;
-    case 'R':
-      promotion = piece::kRook;
-      break;
-    case 'B':
-      promotion = piece::kBishop;
-      break;
-    case 'N':
-      promotion = piece::kKnight;
-      break;
-    default:
-      break;
-  }
+  for (const auto& [type, letter] : kLetters)
+    if (move.promotion != 0 && letter == move.promotion) promotion = type;
   return TMove{square64(move.from), square64(move.to), promotion, 0};
 }
 

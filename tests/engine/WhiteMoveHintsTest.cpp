@@ -17,16 +17,11 @@
 
 namespace {
 
+using matetest::Board;
+using matetest::Texts;
+
 // S. Loyd 1859, #2, the one key Qh5-a5.
 constexpr const char* kLoyd = "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8";
-
-TChessboard Board(const std::string& fenText, std::uint16_t ply) {
-  TChessboard board;
-  ClearChessboard(board);
-  EXPECT_TRUE(fen::ReadFen(board, fenText)) << fenText;
-  board.ply = board.rootPlies = ply;
-  return board;
-}
 
 // Makes the move text in board into child; false when the side to move has no such move.
 bool Make(const TChessboard& board, const std::string& text, TChessboard& child) {
@@ -42,8 +37,6 @@ bool Make(const TChessboard& board, const std::string& text, TChessboard& child)
   }
   return false;
 }
-
-using matetest::Texts;
 
 TEST(WhiteMoveHints, EveryFieldAnElementGivesMustHold) {
   // Black has just played d7-d5, so e5:d6 takes en passant; castling both ways is open.
