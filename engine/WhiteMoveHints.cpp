@@ -21,10 +21,8 @@ bool IsCapture(const TChessboard& board, TMove move) {
 
 }  // namespace
 
-namespace hints {
-
-bool Matches(const TSortIndication& element, const TChessboard& board, TMove move,
-             const TChessboard& child) {
+bool CWhiteMoveHints::Matches(const TSortIndication& element, const TChessboard& board, TMove move,
+                              const TChessboard& child) {
   if (element.to != move.to) return false;
   if (element.from != square::kNone && element.from != move.from) return false;
   if (element.piece != piece::kEmpty && board.squares[move.from] != element.piece) return false;
@@ -39,8 +37,6 @@ bool Matches(const TSortIndication& element, const TChessboard& board, TMove mov
   return true;
 }
 
-}  // namespace hints
-
 CWhiteMoveHints::CWhiteMoveHints(const TSortIndications& indications) {
   // No stipulation reaches beyond kMaxMoves: later numbers never apply.
   std::uint16_t nLast = 0;
@@ -49,15 +45,15 @@ CWhiteMoveHints::CWhiteMoveHints(const TSortIndications& indications) {
   byMoveNumber.resize(nLast + 1u);
   const auto anyMove = indications.find(0);
   for (std::uint16_t n = 0; n <= nLast; ++n) {
-    TMoveHints& hints = byMoveNumber[n];
+    TMoveHints& applying = byMoveNumber[n];
     if (n != 0) {
       if (const auto own = indications.find(n); own != indications.end())
-        Append(hints.wanted, hints.unwanted, own->second);
+        Append(applying.wanted, applying.unwanted, own->second);
     }
-    if (anyMove != indications.end()) Append(hints.wanted, hints.unwanted, anyMove->second);
+    if (anyMove != indications.end()) Append(applying.wanted, applying.unwanted, anyMove->second);
   }
-  bEmpty = std::all_of(byMoveNumber.begin(), byMoveNumber.end(), [](const TMoveHints& hints) {
-    return hints.wanted.empty() && hints.unwanted.empty();
+  bEmpty = std::all_of(byMoveNumber.begin(), byMoveNumber.end(), [](const TMoveHints& applying) {
+    return applying.wanted.empty() && applying.unwanted.empty();
   });
 }
 
@@ -67,27 +63,22 @@ std::uint16_t CWhiteMoveHints::MoveNumberAt(const TChessboard& board) const {
   int nPlies = 0;
   for (const TChessboard* p = board.parent; p != nullptr && nPlies < 2 * nLast; p = p->parent)
     ++nPlies;
-  const int moveNumber = nPlies / 2 + 1;
-  const TMoveHints& hints = moveNumber <= nLast ? byMoveNumber[moveNumber] : byMoveNumber[0];
-  if (hints.wanted.empty() && hints.unwanted.empty()) return 0;
-  return static_cast<std::uint16_t>(moveNumber);
+  const auto moveNumber = static_cast<std::uint16_t>(nPlies / 2 + 1);
+  const TMoveHints& applying = HintsFor(moveNumber);
+  return applying.wanted.empty() && applying.unwanted.empty() ? 0 : moveNumber;
 }
 
 const CWhiteMoveHints::TMoveHints& CWhiteMoveHints::HintsFor(std::uint16_t moveNumber) const {
   return moveNumber < byMoveNumber.size() ? byMoveNumber[moveNumber] : byMoveNumber[0];
 }
 
-int CWhiteMoveHints::UnnamedBand(std::uint16_t moveNumber) const {
-  return static_cast<int>(HintsFor(moveNumber).wanted.size());
-}
-
 int CWhiteMoveHints::Band(const TChessboard& board, TMove move, const TChessboard& child,
                           std::uint16_t moveNumber) const {
-  const TMoveHints& hints = HintsFor(moveNumber);
-  const int nWanted = static_cast<int>(hints.wanted.size());
-  for (const TSortIndication& element : hints.unwanted)
-    if (hints::Matches(element, board, move, child)) return nWanted + 1;
+  const TMoveHints& applying = HintsFor(moveNumber);
+  const int nWanted = static_cast<int>(applying.wanted.size());
+  for (const TSortIndication& element : applying.unwanted)
+    if (Matches(element, board, move, child)) return nWanted + 1;
   for (int i = 0; i < nWanted; ++i)
-    if (hints::Matches(hints.wanted[i], board, move, child)) return i;
+    if (Matches(applying.wanted[i], board, move, child)) return i;
   return nWanted;
 }

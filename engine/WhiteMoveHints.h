@@ -32,12 +32,15 @@ class CWhiteMoveHints {
   // no element applies at board.
   std::uint16_t MoveNumberAt(const TChessboard& board) const;
 
-  // Bands of a move at a node with the given move number: 0 and up for the wanted
-  // elements, UnnamedBand for moves no element names, UnnamedBand + 1 for unwanted moves.
+  // The band of move at a node with the given move number: 0 and up for the wanted
+  // elements, then one for the moves no element names, and one after it for unwanted moves.
   // child is the position after move.
   int Band(const TChessboard& board, TMove move, const TChessboard& child,
            std::uint16_t moveNumber) const;
-  int UnnamedBand(std::uint16_t moveNumber) const;
+
+  // Whether move, made in board and giving child, has every field element gives.
+  static bool Matches(const TSortIndication& element, const TChessboard& board, TMove move,
+                      const TChessboard& child);
 
  private:
   struct TMoveHints {
@@ -50,11 +53,3 @@ class CWhiteMoveHints {
   std::vector<TMoveHints> byMoveNumber;
   bool bEmpty = true;
 };
-
-namespace hints {
-
-// Whether move, made in board and giving child, has every field element gives.
-bool Matches(const TSortIndication& element, const TChessboard& board, TMove move,
-             const TChessboard& child);
-
-}  // namespace hints

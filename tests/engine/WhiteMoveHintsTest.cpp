@@ -71,8 +71,9 @@ TEST(WhiteMoveHints, EveryFieldAnElementGivesMustHold) {
     const TChessboard& board = c.fen == kOpen ? afterD5 : doubleCheck;
     TChessboard child;
     ASSERT_TRUE(Make(board, c.move, child)) << c.move;
-    EXPECT_EQ(hints::Matches(sortindication::Parse(c.element), board, child.lastMove, child),
-              c.bMatches)
+    EXPECT_EQ(
+        CWhiteMoveHints::Matches(sortindication::Parse(c.element), board, child.lastMove, child),
+        c.bMatches)
         << c.element << " for " << c.move;
   }
 }
