@@ -89,22 +89,19 @@ void CSequenceDecoder::CopyLiterals(std::size_t n) {
   op += n;
 }
 
-// A match may overlap its own output; the encoder keeps sources within 16 bytes from
-// overlapping, so overlapping copies run 16 bytes at a time and only corrupt input needs the
-// byte loop.
+// A match may overlap its own output, repeating its last distance bytes. A chunk copied from a
+// whole number of periods back never overlaps its source, and each chunk doubles what is
+// there to copy from, so a long run takes few copies.
 void CSequenceDecoder::CopyMatch(std::size_t distance, std::size_t n) {
   if (distance == 0 || distance > static_cast<std::size_t>(op - outStart) ||
       n > static_cast<std::size_t>(outEnd - op)) {
     Fail();
   }
-  const unsigned char* source = op - distance;
-  if (distance >= n) {
-    std::memcpy(op, source, n);
-  } else if (distance >= 16) {
-    for (std::size_t i = 0; i < n; i += 16)
-      std::memcpy(op + i, source + i, std::min<std::size_t>(16, n - i));
-  } else {
-    for (std::size_t i = 0; i < n; ++i) op[i] = source[i];
+  for (std::size_t done = 0; done < n;) {
+    const std::size_t back = distance * ((distance + done) / distance);
+    const std::size_t chunk = std::min(back, n - done);
+    std::memcpy(op + done, op + done - back, chunk);
+    done += chunk;
   }
   op += n;
 }
