@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 // The LZ4e encoder's match candidates: for each of 65536 hashes of a position's 4-byte word,
@@ -26,24 +27,30 @@ class CLZ4eHashChains {
   void ForEachNewestFirst(std::uint32_t word, Visit visit) const;
 
  private:
-  // A ring of up to kMaxLength entries (word << 32 | position) starting at start. The storage
-  // grows by doubling and wraps only once it has reached kMaxLength, so below that the
+  // A ring of up to kMaxLength entries (word << 32 | position) starting at start. Its storage
+  // doubles as it fills and wraps only once it has reached kMaxLength, so below that the
   // entries lie in order from index 0.
   struct TChain {
-    std::vector<std::uint64_t> entries;
-    std::uint32_t start = 0, count = 0;
+    std::uint64_t* entries = nullptr;
+    std::uint32_t capacity = 0, start = 0, count = 0;
   };
   static constexpr std::uint32_t kRingMask = kMaxLength - 1;
+  static constexpr std::size_t kChunkEntries = std::size_t{1} << 18;
 
-  std::vector<TChain> chains;
+  void Grow(TChain& chain);
+
+  std::unique_ptr<TChain[]> chains;
+  // Chain storage is carved from large chunks, which are freed together: most chains are
+  // short, and one allocation each would cost more than the search.
+  std::vector<std::unique_ptr<std::uint64_t[]>> chunks;
+  std::size_t nChunkUsed = kChunkEntries;
 };
 
 template <typename Visit>
 void CLZ4eHashChains::ForEachNewestFirst(std::uint32_t word, Visit visit) const {
   const TChain& chain = chains[Hash(word)];
-  const std::uint64_t* entries = chain.entries.data();
   for (std::uint32_t i = chain.count; i-- > 0;) {
-    const std::uint64_t entry = entries[(chain.start + i) & kRingMask];
+    const std::uint64_t entry = chain.entries[(chain.start + i) & kRingMask];
     if (!visit(static_cast<std::uint32_t>(entry), static_cast<std::uint32_t>(entry >> 32))) {
       return;
     }
