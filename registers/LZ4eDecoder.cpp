@@ -72,19 +72,27 @@ void CSequenceDecoder::Run() {
       nMatch = 19 + (extra & 0x7F);
       if ((extra & 0x7F) == 127) nMatch += NextRun();
     }
-    std::size_t distance = Next();
-    distance |= std::size_t{Next()} << 8;
-    if (bLongOffset) distance |= std::size_t{Next()} << 16;
+    const std::size_t nOffsetBytes = bLongOffset ? 3 : 2;
+    if (static_cast<std::size_t>(inEnd - ip) < nOffsetBytes) Fail();
+    std::size_t distance = ip[0] | std::size_t{ip[1]} << 8;
+    if (bLongOffset) distance |= std::size_t{ip[2]} << 16;
+    ip += nOffsetBytes;
     CopyMatch(distance, nMatch);
   }
 }
 
+// Short copies far enough from both buffers' ends move a fixed 16 or 32 bytes, which compiles
+// to a few vector moves; the bytes past the copy's end are overwritten by the output after it.
+
 void CSequenceDecoder::CopyLiterals(std::size_t n) {
-  if (n > static_cast<std::size_t>(inEnd - ip) || n > static_cast<std::size_t>(outEnd - op)) {
-    Fail();
+  const auto nIn = static_cast<std::size_t>(inEnd - ip),
+             nOut = static_cast<std::size_t>(outEnd - op);
+  if (n > nIn || n > nOut) Fail();
+  if (n <= 16 && nIn >= 16 && nOut >= 16) {
+    std::memcpy(op, ip, 16);
+  } else if (n > 0) {
+    std::memcpy(op, ip, n);
   }
-  if (n == 0) return;
-  std::memcpy(op, ip, n);
   ip += n;
   op += n;
 }
@@ -93,15 +101,21 @@ void CSequenceDecoder::CopyLiterals(std::size_t n) {
 // whole number of periods back never overlaps its source, and each chunk doubles what is
 // there to copy from, so a long run takes few copies.
 void CSequenceDecoder::CopyMatch(std::size_t distance, std::size_t n) {
-  if (distance == 0 || distance > static_cast<std::size_t>(op - outStart) ||
-      n > static_cast<std::size_t>(outEnd - op)) {
-    Fail();
-  }
-  for (std::size_t done = 0; done < n;) {
-    const std::size_t back = distance * ((distance + done) / distance);
-    const std::size_t chunk = std::min(back, n - done);
-    std::memcpy(op + done, op + done - back, chunk);
-    done += chunk;
+  const auto nOut = static_cast<std::size_t>(outEnd - op);
+  if (distance == 0 || distance > static_cast<std::size_t>(op - outStart) || n > nOut) Fail();
+  const unsigned char* source = op - distance;
+  if (distance >= 16 && n <= 32 && nOut >= 32) {
+    std::memcpy(op, source, 16);
+    std::memcpy(op + 16, source + 16, 16);
+  } else if (distance >= n) {
+    std::memcpy(op, source, n);
+  } else {
+    for (std::size_t done = 0; done < n;) {
+      const std::size_t back = distance * ((distance + done) / distance);
+      const std::size_t chunk = std::min(back, n - done);
+      std::memcpy(op + done, op + done - back, chunk);
+      done += chunk;
+    }
   }
   op += n;
 }
