@@ -74,6 +74,7 @@ std::vector<unsigned char> CEncoder::Run() {
       chains.DropBefore(static_cast<std::uint32_t>(p - kLZ4eWindow + 1));
       lastWindowCut = p;
     }
+    if (p + kMinMatch < size) chains.Prefetch(ReadLittleEndian<std::uint32_t>(input + p + 1));
     const TMatch match = FindMatch(p);
     if (match.length == 0) {
       ++p;

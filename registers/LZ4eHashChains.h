@@ -19,6 +19,8 @@ class CLZ4eHashChains {
   static std::uint32_t Hash(std::uint32_t word) { return ((word >> 15) ^ word) & 0xFFFF; }
 
   void Insert(std::uint32_t position, std::uint32_t word);
+  // Starts loading the chain of word, which the caller will soon need.
+  void Prefetch(std::uint32_t word) const { __builtin_prefetch(&chains[Hash(word)]); }
   // Drops from every chain the positions below oldest.
   void DropBefore(std::uint32_t oldest);
   // Calls visit(position, word) from the newest entry of the word's chain to the oldest,
