@@ -7,6 +7,7 @@
 
 #include "CodecTestData.h"
 #include "registers/LZ4e.h"
+#include "registers/LittleEndian.h"
 #include "registers/PackedDataFile.h"
 
 namespace {
@@ -50,12 +51,6 @@ TBytes MarkedZeros(std::size_t n) {
   return data;
 }
 
-std::uint64_t Field(const TBytes& bytes, std::size_t at, std::size_t width) {
-  std::uint64_t value = 0;
-  for (std::size_t i = 0; i < width; ++i) value |= std::uint64_t{bytes[at + i]} << (8 * i);
-  return value;
-}
-
 TEST(PackedDataFile, BlocksOf16MiBRoundTripWithHeaderTableAndLog) {
   struct TCase {
     std::size_t nData, nBlocks;
@@ -69,14 +64,13 @@ TEST(PackedDataFile, BlocksOf16MiBRoundTripWithHeaderTableAndLog) {
 
     const TBytes bytes = packed.Bytes();
     ASSERT_GE(bytes.size(), 32 + 8 * c.nBlocks);
-    EXPECT_EQ(Field(bytes, 0, 8), 32u);
-    EXPECT_EQ(Field(bytes, 8, 8), c.nData);
-    EXPECT_EQ(Field(bytes, 16, 8), 16777216u);
-    EXPECT_EQ(Field(bytes, 24, 2), 0x1234u);
-    EXPECT_EQ(Field(bytes, 26, 2), 0u);
-    EXPECT_EQ(std::string(bytes.begin() + 28, bytes.begin() + 32), "LZ4e");
+    const auto field = [&](std::size_t at) { return ReadLittleEndian<std::uint64_t>(&bytes[at]); };
+    EXPECT_EQ(field(0), 32u);
+    EXPECT_EQ(field(8), c.nData);
+    EXPECT_EQ(field(16), 16777216u);
+    EXPECT_EQ(field(24), 0x65345A4C00001234u) << "data type, 0, LZ4e";
     if (c.nBlocks > 0) {
-      EXPECT_EQ(Field(bytes, 32, 8), 32 + 8 * c.nBlocks);
+      EXPECT_EQ(field(32), 32 + 8 * c.nBlocks);
     }
 
     const CPackedDataFile file(packed.path);
