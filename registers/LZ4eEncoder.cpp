@@ -25,10 +25,12 @@ std::size_t MatchLength(const unsigned char* a, const unsigned char* b, std::siz
     std::uint64_t x, y;
     std::memcpy(&x, a + n, 8);
     std::memcpy(&y, b + n, 8);
-    if (x != y)
-      return n + (std::endian::native == std::endian::little ? std::countr_zero(x ^ y)
-                                                             : std::countl_zero(x ^ y)) /
-                     8;
+    if (x != y) {
+      // The first differing byte is the lowest in memory: the low end on a little-endian machine.
+      const int nEqualBits = std::endian::native == std::endian::little ? std::countr_zero(x ^ y)
+                                                                        : std::countl_zero(x ^ y);
+      return n + static_cast<std::size_t>(nEqualBits / 8);
+    }
     n += 8;
   }
   while (n < limit && a[n] == b[n]) ++n;
