@@ -46,7 +46,7 @@ class CEncoder {
   // The output has room for input that does not compress at all, where each 255 literals
   // cost at most one length byte.
   CEncoder(const unsigned char* in, std::size_t n)
-      : input(in), size(n), output(kLZ4eHeaderSize + n + n / 255 + 16) {}
+      : input(in), size(n), chains(n), output(kLZ4eHeaderSize + n + n / 255 + 16) {}
 
   std::vector<unsigned char> Run();
 

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 
-CLZ4eHashChains::CLZ4eHashChains() : chains(std::make_unique<TChain[]>(std::size_t{1} << 16)) {}
+CLZ4eHashChains::CLZ4eHashChains(std::size_t nPositions)
+    : chains(std::make_unique<TChain[]>(std::size_t{1} << 16)),
+      nChunkEntries(std::clamp<std::size_t>(2 * nPositions, kMaxLength, kMaxChunkEntries)),
+      nChunkUsed(nChunkEntries) {}
 
 void CLZ4eHashChains::Insert(std::uint32_t position, std::uint32_t word) {
   TChain& chain = chains[Hash(word)];
   if (chain.count == kMaxLength) {
-    chain.start = (chain.start + kMaxLength - kLengthAfterCut) & kRingMask;
+    chain.start =
+        static_cast<std::uint16_t>((chain.start + kMaxLength - kLengthAfterCut) & kRingMask);
     chain.count = kLengthAfterCut;
   } else if (chain.count == chain.capacity) {
     Grow(chain);
@@ -18,9 +22,9 @@ void CLZ4eHashChains::Insert(std::uint32_t position, std::uint32_t word) {
 
 // Only a chain below full size grows, so its entries lie from index 0.
 void CLZ4eHashChains::Grow(TChain& chain) {
-  const std::uint32_t capacity = chain.capacity == 0 ? 8 : 2 * chain.capacity;
-  if (nChunkUsed + capacity > kChunkEntries) {
-    chunks.push_back(std::make_unique_for_overwrite<std::uint64_t[]>(kChunkEntries));
+  const auto capacity = static_cast<std::uint16_t>(chain.capacity == 0 ? 8 : 2 * chain.capacity);
+  if (nChunkUsed + capacity > nChunkEntries) {
+    chunks.push_back(std::make_unique_for_overwrite<std::uint64_t[]>(nChunkEntries));
     nChunkUsed = 0;
   }
   std::uint64_t* entries = chunks.back().get() + nChunkUsed;
@@ -40,9 +44,9 @@ void CLZ4eHashChains::DropBefore(std::uint32_t oldest) {
       ++nDropped;
     }
     if (nDropped == 0) continue;
-    chain.count -= nDropped;
+    chain.count = static_cast<std::uint16_t>(chain.count - nDropped);
     if (chain.capacity == kMaxLength) {
-      chain.start = (chain.start + nDropped) & kRingMask;
+      chain.start = static_cast<std::uint16_t>((chain.start + nDropped) & kRingMask);
     } else {
       // Storage below full size never wraps: keep its entries at the front.
       std::copy(chain.entries + nDropped, chain.entries + nDropped + chain.count, chain.entries);

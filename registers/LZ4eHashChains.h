@@ -13,8 +13,9 @@ class CLZ4eHashChains {
   static constexpr std::uint32_t kMaxLength = 4096;
   static constexpr std::uint32_t kLengthAfterCut = 4064;
 
-  // Allocates the 65536 chain heads; may throw std::bad_alloc (as may Insert).
-  CLZ4eHashChains();
+  // Allocates the 65536 chain heads for up to nPositions insertions; may throw
+  // std::bad_alloc (as may Insert).
+  explicit CLZ4eHashChains(std::size_t nPositions);
 
   static std::uint32_t Hash(std::uint32_t word) { return ((word >> 15) ^ word) & 0xFFFF; }
 
@@ -34,18 +35,20 @@ class CLZ4eHashChains {
   // entries lie in order from index 0.
   struct TChain {
     std::uint64_t* entries = nullptr;
-    std::uint32_t capacity = 0, start = 0, count = 0;
+    std::uint16_t capacity = 0, start = 0, count = 0;
   };
   static constexpr std::uint32_t kRingMask = kMaxLength - 1;
-  static constexpr std::size_t kChunkEntries = std::size_t{1} << 18;
+  static constexpr std::size_t kMaxChunkEntries = std::size_t{1} << 18;
 
   void Grow(TChain& chain);
 
   std::unique_ptr<TChain[]> chains;
   // Chain storage is carved from large chunks, which are freed together: most chains are
-  // short, and one allocation each would cost more than the search.
+  // short, and one allocation each would cost more than the search. Small inputs get small
+  // chunks, so that compressing a few bytes does not touch megabytes.
   std::vector<std::unique_ptr<std::uint64_t[]>> chunks;
-  std::size_t nChunkUsed = kChunkEntries;
+  const std::size_t nChunkEntries;
+  std::size_t nChunkUsed;
 };
 
 template <typename Visit>

@@ -1,6 +1,6 @@
-// Compressing then decompressing gives the input back. When the first byte is odd the input
-// is repeated after 70000 bytes of noise, so that its second copy is found only by matches
-// reaching beyond 64 KiB.
+// Compressing then decompressing gives the input back. When the first byte's low three bits
+// are set the input is repeated after 70000 bytes of noise, so that its second copy is found
+// only by matches reaching beyond 64 KiB; such runs cost ten times more, hence only one in 8.
 #include <cstdint>
 #include <cstdlib>
 #include <vector>
@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::vector<unsigned char> input(data, data + size);
-  if (size > 0 && (data[0] & 1) != 0) {
+  if (size > 0 && (data[0] & 7) == 7) {
     std::uint32_t noise = static_cast<std::uint32_t>(size);
     for (int i = 0; i < 70000; ++i) {
       noise = noise * 1664525u + 1013904223u;
