@@ -1,5 +1,7 @@
 #include "core/BoardTransforms.h"
 
+#include "core/CastlingRule.h"
+
 namespace transforms {
 namespace {
 
@@ -20,11 +22,15 @@ void Remap(TChessboard& board, SourceOf sourceOf, bool bSwapColours) {
   board = result;
 }
 
-bool HasCastlingPiecesAtHome(const TChessboard& board, PieceCode king, PieceCode rook, int rank) {
-  const bool bKingHome =
-      board.squares[square::Make(4, rank)] == king || board.squares[square::Make(3, rank)] == king;
+// A king on its home square, or on the square that becomes its home once the files are
+// mirrored, with a rook in a corner of its back rank.
+bool HasCastlingPiecesAtHome(const TChessboard& board, bool bWhite) {
+  const TCastlingRule* rules = castling::RulesOf(bWhite);  // short, then long
+  const PieceCode* sq = board.squares;
+  const SquareIndex home = rules[0].kingFrom;
+  const bool bKingHome = sq[home] == rules[0].king || sq[MirrorSquare(home)] == rules[0].king;
   const bool bRookHome =
-      board.squares[square::Make(0, rank)] == rook || board.squares[square::Make(7, rank)] == rook;
+      sq[rules[0].rookFrom] == rules[0].rook || sq[rules[1].rookFrom] == rules[1].rook;
   return bKingHome && bRookHome;
 }
 
@@ -32,8 +38,7 @@ bool HasCastlingPiecesAtHome(const TChessboard& board, PieceCode king, PieceCode
 
 bool MirrorFiles(TChessboard& board) {
   const bool bCastlingIrrelevant =
-      !HasCastlingPiecesAtHome(board, piece::kWhiteKing, piece::kWhiteRook, 0) &&
-      !HasCastlingPiecesAtHome(board, piece::kBlackKing, piece::kBlackRook, 7);
+      !HasCastlingPiecesAtHome(board, true) && !HasCastlingPiecesAtHome(board, false);
   Remap(
       board, [](int f, int r) { return square::Make(7 - f, r); }, false);
   return bCastlingIrrelevant;

@@ -9,7 +9,6 @@
 
 namespace {
 
-
 void SetEdgeDistanceBits(TChessboard& board) {
   const int fileDistance = square::kEdgeDistance[board.blackKingFile & 7];
   const int rankDistance = square::kEdgeDistance[board.blackKingRank & 7];
@@ -48,7 +47,8 @@ int Analyse(TChessboard& board, bool bReset) {
       ++(bWhite ? nWhiteKings : nBlackKings);
       continue;
     }
-    if (piece::TypeOf(p) == piece::kPawn && (s < 8 || square::Rank(s) == 7))
+    if (piece::TypeOf(p) == piece::kPawn &&
+        (square::Rank(s) == square::BackRank(true) || square::Rank(s) == square::BackRank(false)))
       throw ChessException("Pawns cannot occupy 1st nor 8th line of the chessboard.");
     const int index = PieceCountSlot(piece::TypeOf(p), piece::IsBlack(p));
     if (index >= 0) ++board.nPieces[index];

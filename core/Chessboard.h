@@ -7,20 +7,34 @@
 
 // Index of each piece kind in TChessboard::nPieces.
 enum PieceCountIndex : int {
-  kWhiteQueens, kBlackQueens, kWhiteRooks, kBlackRooks, kWhiteBishops,
-  kBlackBishops, kWhiteKnights, kBlackKnights, kWhitePawns, kBlackPawns
+  kWhiteQueens,
+  kBlackQueens,
+  kWhiteRooks,
+  kBlackRooks,
+  kWhiteBishops,
+  kBlackBishops,
+  kWhiteKnights,
+  kBlackKnights,
+  kWhitePawns,
+  kBlackPawns
 };
 
 // The count slot of a piece type and colour; -1 for kings (they are not counted).
 constexpr int PieceCountSlot(PieceCode type, bool bBlack) {
   const int black = bBlack ? 1 : 0;
   switch (type) {
-    case piece::kQueen: return kWhiteQueens + black;
-    case piece::kRook: return kWhiteRooks + black;
-    case piece::kBishop: return kWhiteBishops + black;
-    case piece::kKnight: return kWhiteKnights + black;
-    case piece::kPawn: return kWhitePawns + black;
-    default: return -1;
+    case piece::kQueen:
+      return kWhiteQueens + black;
+    case piece::kRook:
+      return kWhiteRooks + black;
+    case piece::kBishop:
+      return kWhiteBishops + black;
+    case piece::kKnight:
+      return kWhiteKnights + black;
+    case piece::kPawn:
+      return kWhitePawns + black;
+    default:
+      return -1;
   }
 }
 
@@ -37,24 +51,24 @@ constexpr std::uint16_t kNoStipulationPly = 255;
 // the move makers, or recomputed by Analyse after any other change.
 struct TChessboard {
   PieceCode squares[64];
-  void* context;                  // solving context, null for a free-standing position
-  void* searchPointer;            // reserved for the search
-  const TChessboard* parent;      // position this one was made from, null at the root
-  TChessboard* line;              // position line indexed by plies left; successors go to line[ply]
-  TMove lastMove;                 // the move that produced this position
-  std::uint16_t ply;              // half-moves left; odd means White to move
-  std::uint16_t rootPlies;        // ply of the problem's starting position
-  std::uint32_t searchFlags;      // heuristic mask, owned by the search
-  std::uint32_t searchWord;       // heuristic parameters, owned by the search
-  std::uint16_t resetWord;        // cleared when the position is reset
-  std::uint16_t statusBits;       // bits 3-4: black king's distance to the nearest edge
-  std::uint8_t statusByte;        // bits 2-5 cleared by the analysis
-  std::uint8_t passNumber;        // 1 in heuristic passes, 2 in the pass without heuristics
+  void* context;              // solving context, null for a free-standing position
+  void* searchPointer;        // reserved for the search
+  const TChessboard* parent;  // position this one was made from, null at the root
+  TChessboard* line;          // position line indexed by plies left; successors go to line[ply]
+  TMove lastMove;             // the move that produced this position
+  std::uint16_t ply;          // half-moves left; odd means White to move
+  std::uint16_t rootPlies;    // ply of the problem's starting position
+  std::uint32_t searchFlags;  // heuristic mask, owned by the search
+  std::uint32_t searchWord;   // heuristic parameters, owned by the search
+  std::uint16_t resetWord;    // cleared when the position is reset
+  std::uint16_t statusBits;   // bits 3-4: black king's distance to the nearest edge
+  std::uint8_t statusByte;    // bits 2-5 cleared by the analysis
+  std::uint8_t passNumber;    // 1 in heuristic passes, 2 in the pass without heuristics
   std::uint8_t whiteKingFile, whiteKingRank;
   std::uint8_t blackKingFile, blackKingRank;
-  std::int8_t whiteKingCheck;     // kNotInCheck, the checker's square, or kDoubleCheck
+  std::int8_t whiteKingCheck;  // kNotInCheck, the checker's square, or kDoubleCheck
   std::int8_t blackKingCheck;
-  std::uint8_t nPieces[10];       // indexed by PieceCountIndex
+  std::uint8_t nPieces[10];  // indexed by PieceCountIndex
   SquareIndex whiteRookSquares[2];
   SquareIndex whiteBishopSquares[2];
   SquareIndex whiteKnightSquares[2];

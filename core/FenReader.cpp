@@ -2,7 +2,9 @@
 #include <cctype>
 #include <string_view>
 
+#include "core/CastlingRule.h"
 #include "core/Fen.h"
+#include "core/MoveGeneration.h"
 #include "core/PieceLetters.h"
 
 namespace fen {
@@ -51,12 +53,9 @@ TFenExtras ReadExtras(std::string_view rest) {
     const std::string_view text = rest.substr(pos, end - pos);
     if (field == 0) extras.bBlackToMove = text == "b";
     if (field == 2) extras.bEnPassantGiven = text != "-";
-    for (const char c : text) {
-      extras.bWhiteShort |= c == 'K';
-      extras.bWhiteLong |= c == 'Q';
-      extras.bBlackShort |= c == 'k';
-      extras.bBlackLong |= c == 'q';
-    }
+    for (const char c : text)
+      for (const TCastlingRule& rule : castling::kRules)
+        if (c == rule.fenLetter) extras.castlingRights |= rule.right;
     ++field;
     pos = end;
   }
@@ -76,10 +75,7 @@ bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
 }
 
 bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras) {
-  const TFenExtras assumed = AvailableCastlings(board);
-  return extras.bEnPassantGiven || extras.bWhiteShort != assumed.bWhiteShort ||
-         extras.bWhiteLong != assumed.bWhiteLong || extras.bBlackShort != assumed.bBlackShort ||
-         extras.bBlackLong != assumed.bBlackLong;
+  return extras.bEnPassantGiven || extras.castlingRights != movegen::CastlingRights(board);
 }
 
 }  // namespace fen

@@ -12,8 +12,9 @@ struct TMove {
   std::uint8_t spare = 0;
 
   static constexpr TMove FromCode(std::uint32_t code) {
-    return TMove{static_cast<SquareIndex>(code & 0xFF), static_cast<SquareIndex>((code >> 8) & 0xFF),
-                 static_cast<PieceCode>((code >> 16) & 0xFF), static_cast<std::uint8_t>(code >> 24)};
+    return TMove{
+        static_cast<SquareIndex>(code & 0xFF), static_cast<SquareIndex>((code >> 8) & 0xFF),
+        static_cast<PieceCode>((code >> 16) & 0xFF), static_cast<std::uint8_t>(code >> 24)};
   }
   constexpr std::uint32_t Code() const {
     return from | (to << 8) | (static_cast<std::uint32_t>(promotion) << 16) |

@@ -5,6 +5,7 @@
 #include "core/AttackerSets.h"
 #include "core/Attacks.h"
 #include "core/BoardTables.h"
+#include "core/CastlingRule.h"
 #include "core/MoveGeneration.h"
 #include "core/WhiteMaterial.h"
 
@@ -12,8 +13,8 @@ namespace movemaking {
 namespace {
 
 bool IsCastling(const TChessboard& board, TMove m) {
-  const int step = m.to - m.from;
-  return piece::TypeOf(board.squares[m.from]) == piece::kKing && (step == 2 || step == -2);
+  return piece::TypeOf(board.squares[m.from]) == piece::kKing &&
+         castling::RuleOfKingMove(m.from, m.to) != nullptr;
 }
 
 // Adds delta to the count of a piece type (kings are not counted).
@@ -74,11 +75,9 @@ bool ApplyMove(TChessboard& b, TMove m, bool bWhite) {
     bWhiteMaterialChanged = !bWhite && piece::TypeOf(captured) != piece::kPawn;
   }
   if (type == piece::kKing) {
-    const int fileStep = square::File(m.to) - square::File(m.from);
-    if (fileStep == 2 || fileStep == -2) {
-      const SquareIndex corner = fileStep > 0 ? m.from + 3 : m.from - 4;
-      sq[corner] = piece::kEmpty;
-      sq[m.from + fileStep / 2] = colour | piece::kRook;
+    if (const TCastlingRule* rule = castling::RuleOfKingMove(m.from, m.to)) {
+      sq[rule->rookFrom] = piece::kEmpty;
+      sq[rule->rookTo] = rule->rook;
       bSpecial = true;
       bWhiteMaterialChanged = bWhite;
     }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/CastlingRule.h"
 #include "core/ChessException.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
@@ -26,8 +27,8 @@ std::string_view SkipLeadingBlanks(std::string_view text) {
 // "0-0" and "0-0-0" name the king's two-file step of the given side.
 std::optional<TMove> ReadCastling(std::string_view text, bool bWhite) {
   if (text != "0-0" && text != "0-0-0") return std::nullopt;
-  const int rank = bWhite ? 0 : 7;
-  return TMove{square::Make(4, rank), square::Make(text.size() == 3 ? 6 : 2, rank), 0, 0};
+  const TCastlingRule& rule = castling::RulesOf(bWhite)[text == "0-0" ? 0 : 1];
+  return TMove{rule.kingFrom, rule.kingTo, 0, 0};
 }
 
 // A file letter in either case and a rank digit; square::kNone for anything off the board.
@@ -87,7 +88,7 @@ bool HasPlausibleShape(const TChessboard& board, const TParsedMove& parsed) {
   if ((board.squares[move.to] & own) != 0) return false;
   if (!IsPathClear(board.squares, move.from, move.to)) return false;
   const bool bReachesLastRank =
-      parsed.type == piece::kPawn && square::Rank(move.to) == (bWhite ? 7 : 0);
+      parsed.type == piece::kPawn && square::Rank(move.to) == square::PromotionRank(bWhite);
   return bReachesLastRank == (move.promotion != piece::kEmpty);
 }
 

@@ -9,8 +9,6 @@
 namespace sortindication {
 namespace {
 
-constexpr SquareIndex kE1 = 4, kC1 = 2, kG1 = 6;
-
 class CElementParser {
  public:
   explicit CElementParser(const std::string& text) : whole(text), rest(text::Trim(text)) {}
@@ -77,13 +75,13 @@ class CElementParser {
 
   void ReadCastling() {
     if (rest == "0-0-0") {
-      element.to = kC1;
+      element.to = square::kC1;
     } else if (rest == "0-0") {
-      element.to = kG1;
+      element.to = square::kG1;
     } else {
       Fail();
     }
-    element.from = kE1;
+    element.from = square::kE1;
     element.captureMode = TSortIndication::kNoCapture;
   }
 
@@ -117,7 +115,7 @@ class CElementParser {
 };
 
 bool IsCastling(const TSortIndication& e) {
-  return e.piece == 0 && e.from == kE1 && (e.to == kG1 || e.to == kC1) &&
+  return e.piece == 0 && e.from == square::kE1 && (e.to == square::kG1 || e.to == square::kC1) &&
          e.captureMode == TSortIndication::kNoCapture && e.promotion == 0;
 }
 
@@ -148,7 +146,7 @@ std::string Render(const TSortIndication& e) {
   std::string out = e.bNegated ? "~" : "";
   if (e.moveNumber != 0) out += std::to_string(e.moveNumber) + ". ";
   if (IsCastling(e)) {
-    out += e.to == kG1 ? "0-0" : "0-0-0";
+    out += e.to == square::kG1 ? "0-0" : "0-0-0";
   } else {
     if (e.piece != 0) out += letters::TypeToLetter(e.piece);
     if (e.from != square::kNone) out += text::SquareText(e.from);
