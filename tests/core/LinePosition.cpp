@@ -30,12 +30,24 @@ const TChessboard& CLinePosition::Play(const std::vector<std::string>& moves) {
   return *current;
 }
 
-SquareIndex Sq(const char* name) { return square::Make(name[0] - 'a', name[1] - '1'); }
+SquareIndex Sq(const char* name) {
+  return square::Make(name[0] - 'a', name[1] - '1');
+}
 
 TMove M(const char* fromTo) {
   TMove move{Sq(fromTo), Sq(fromTo + 2), 0, 0};
   if (fromTo[4] != '\0') move.promotion = letters::TypeFromMoveLetter(fromTo[4]);
   return move;
+}
+
+std::string FromTo(TMove move) {
+  std::string text;
+  for (SquareIndex s : {move.from, move.to}) {
+    text += static_cast<char>('a' + square::File(s));
+    text += static_cast<char>('1' + square::Rank(s));
+  }
+  if (move.promotion) text += static_cast<char>(letters::TypeToLetter(move.promotion) | 0x20);
+  return text;
 }
 
 std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly) {
@@ -50,13 +62,7 @@ std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly) {
                                              : movemaking::MakeBlackMove(scratch, moves[i]);
       if (made <= 0) continue;
     }
-    std::string text;
-    for (SquareIndex s : {moves[i].from, moves[i].to}) {
-      text += static_cast<char>('a' + square::File(s));
-      text += static_cast<char>('1' + square::Rank(s));
-    }
-    if (moves[i].promotion) text += static_cast<char>(letters::TypeToLetter(moves[i].promotion) | 0x20);
-    texts.push_back(text);
+    texts.push_back(FromTo(moves[i]));
   }
   return texts;
 }

@@ -24,6 +24,7 @@ class CLinePosition {
 };
 
 SquareIndex Sq(const char* name);
-TMove M(const char* fromTo);  // "e2e4" or "e7e8q"
+TMove M(const char* fromTo);     // "e2e4" or "e7e8q"
+std::string FromTo(TMove move);  // the inverse of M
 // The generated moves of the side to move, as "e2e4"-style texts, in generation order.
 std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly);

@@ -32,9 +32,11 @@ TEST_P(MoveRules, MoveIsGeneratedOnlyWhenTheRulesAllowIt) {
 }
 
 const TRuleCase kRuleCases[] = {
-    {"short castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
-    {"long castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
-    {"castling fields ignored", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"short castling", "3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", {}, "e1g1", true},
+    {"long castling", "3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", {}, "e1c1", true},
+    {"castling field cannot forbid", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"castling field cannot allow", "3k4/8/8/8/8/8/8/R3K1R1 w KQ - 0 1", {}, "e1g1", false},
+    {"black long castling", "r3k2r/8/8/8/8/8/8/K7 b kq - 0 1", {}, "e8c8", true},
     {"through check", "3k1r2/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"into check", "3k2r1/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"b1 attacked allows long", "1r1k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
@@ -119,12 +121,30 @@ TEST(MoveOrder, BlackKingStepsBelowThenAboveThenBeside) {
       (std::vector<std::string>{"e5e4", "e5d4", "e5f4", "e5e6", "e5d6", "e5f6", "e5d5", "e5f5"}));
 }
 
-TEST(Evasions, DoubleCheckLeavesOnlyKingMoves) {
-  CLinePosition position("4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1");
-  ASSERT_EQ(position.Root().blackKingCheck, kDoubleCheck);
+// The evasions as "e8d8"-style texts, in generation order.
+std::vector<std::string> EvasionTexts(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateEvasions(position.Root(), moves);
-  for (int i = 0; i < n; ++i) EXPECT_EQ(moves[i].from, Sq("e8"));
+  const int n = movegen::GenerateEvasions(board, moves);
+  std::vector<std::string> texts;
+  for (int i = 0; i < n; ++i) texts.push_back(FromTo(moves[i]));
+  return texts;
+}
+
+TEST(Evasions, KeepKingStepsAndOnlyTheMovesThatMeetASingleCheck) {
+  const struct {
+    const char* fen;
+    std::vector<std::string> expected;
+  } cases[] = {
+      // Bishop b5 and rook e1 both check: the rook a1 that could take e1 must stay, only the
+      // king's pseudo-legal steps remain.
+      {"4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1", {"e8e7", "e8d7", "e8f7", "e8d8", "e8f8"}},
+      // The rook e1 alone checks: taking it and blocking the file are kept, a1-b1 is not.
+      {"4k3/8/8/8/8/8/8/r3R1K1 b - - 0 1", {"a1e1", "e8e7", "e8d7", "e8f7", "e8d8", "e8f8"}},
+  };
+  for (const auto& c : cases) {
+    CLinePosition position(c.fen);
+    EXPECT_EQ(EvasionTexts(position.Root()), c.expected) << c.fen;
+  }
 }
 
 TEST(MoveMaking, KeepsDerivedFieldsLikeAFreshAnalysis) {
