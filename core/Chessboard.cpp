@@ -9,13 +9,6 @@
 
 namespace {
 
-void SetEdgeDistanceBits(TChessboard& board) {
-  const int fileDistance = square::kEdgeDistance[board.blackKingFile & 7];
-  const int rankDistance = square::kEdgeDistance[board.blackKingRank & 7];
-  const int distance = fileDistance < rankDistance ? fileDistance : rankDistance;
-  board.statusBits = static_cast<std::uint16_t>((board.statusBits & ~0x18) | (distance << 3));
-}
-
 void ComputeCheckValues(TChessboard& board) {
   board.whiteKingCheck = static_cast<std::int8_t>(
       attacks::CheckValue(board.squares, board.WhiteKing(), piece::kBlack));
@@ -56,14 +49,9 @@ int Analyse(TChessboard& board, bool bReset) {
   ScanWhiteMaterial(board);
   if (nWhiteKings != 1 || nBlackKings != 1) throw ChessException("Illegal number of kings.");
   ComputeCheckValues(board);
-  board.statusByte &= static_cast<std::uint8_t>(~0x3C);
-  SetEdgeDistanceBits(board);
   if (board.IsWhiteInCheck() && board.IsBlackInCheck())
     throw ChessException("Both kings attacked.");
-  if (bReset) {
-    board.searchFlags = 0;
-    board.resetWord = 0;
-  }
+  if (bReset) board.searchFlags = 0;
   return 0;
 }
 
@@ -91,6 +79,5 @@ bool IsSane(const TChessboard& board) {
 
 bool RecomputeChecks(TChessboard& board) {
   ComputeCheckValues(board);
-  SetEdgeDistanceBits(board);
   return !(board.IsWhiteInCheck() && board.IsBlackInCheck());
 }

@@ -134,12 +134,6 @@ int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
   }
   (bWhite ? b.whiteKingCheck : b.blackKingCheck) = kNotInCheck;
   (bWhite ? b.blackKingCheck : b.whiteKingCheck) = static_cast<std::int8_t>(enemyCheck);
-  if (bKingMove && !bWhite) {
-    const int fileDistance = square::kEdgeDistance[b.blackKingFile];
-    const int rankDistance = square::kEdgeDistance[b.blackKingRank];
-    const int distance = fileDistance < rankDistance ? fileDistance : rankDistance;
-    b.statusBits = static_cast<std::uint16_t>((b.statusBits & ~0x18) | (distance << 3));
-  }
   b.lastMove = m;
   --b.ply;
   return 1;
@@ -154,22 +148,20 @@ int MakeBlackMove(TChessboard& child, TMove move) {
   return MakeMoveOf(child, move, false);
 }
 
-TChessboard* MakeSuccessor(const TChessboard& board, TMove move) {
-  if (board.ply == 0 || board.line == nullptr) return nullptr;
-  TChessboard* child = &board.line[board.ply];
-  *child = board;
-  child->parent = &board;
-  const int made =
-      board.IsWhiteToMove() ? MakeWhiteMove(*child, move) : MakeBlackMove(*child, move);
-  return made > 0 ? child : nullptr;
+bool MakeSuccessor(const TChessboard& board, TMove move, TChessboard& child) {
+  if (board.ply == 0) return false;
+  child = board;
+  child.parent = &board;
+  const int made = board.IsWhiteToMove() ? MakeWhiteMove(child, move) : MakeBlackMove(child, move);
+  return made > 0;
 }
 
-bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode) {
+bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode, TChessboard& successor) {
   const TMove move = TMove::FromCode(moveCode);
   if (move.from >= 64 || move.to >= 64 || board.ply == 0) return false;
   TMove generated;
   return movegen::FindPieceMove(board, move, &generated) &&
-         MakeSuccessor(board, generated) != nullptr;
+         MakeSuccessor(board, generated, successor);
 }
 
 namespace {

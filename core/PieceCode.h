@@ -72,6 +72,4 @@ constexpr int PromotionRank(bool bWhite) {
 constexpr int EnPassantRank(bool bWhite) {
   return bWhite ? 4 : 3;
 }
-// Distance of a file or rank to the nearer board edge.
-constexpr int kEdgeDistance[8] = {0, 1, 2, 3, 3, 2, 1, 0};
 }  // namespace square

@@ -43,7 +43,8 @@ void ReadPieces(CLexer& lexer, TChessboard& board, bool bWhite) {
     if (pieceText.size() != 2 && pieceText.size() != 3) {
       FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }
-    const PieceCode type = pieceText.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(pieceText[0]);
+    const PieceCode type =
+        pieceText.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(pieceText[0]);
     if (type == piece::kEmpty) {
       FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }

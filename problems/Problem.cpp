@@ -42,9 +42,8 @@ void TProblem::SetStipulation(const TStipulation& value) {
 void TProblem::ResetLine() {
   start.ply = start.rootPlies = stipulation.plies;
   start.parent = nullptr;
-  start.context = nullptr;
-  start.line = line.data();
   current = &start;
+  unreadMoveLine.clear();
 }
 
 std::vector<TMove> TProblem::MoveLine() const {

@@ -102,8 +102,11 @@ void AppendBody(std::string& out, const TProblem& p) {
     }
     out += '\n';
   }
-  if (p.stipulation.type == TStipulation::kMoveLine && p.current != &p.start) {
-    out += "   Moves:    " + MoveLineText(p) + "\n";
+  if (p.stipulation.type == TStipulation::kMoveLine &&
+      (p.current != &p.start || !p.unreadMoveLine.empty())) {
+    const std::string made = MoveLineText(p);
+    const char* between = made.empty() || p.unreadMoveLine.empty() ? "" : " ";
+    out += "   Moves:    " + made + between + p.unreadMoveLine + "\n";
   }
   out += "}\n";
 }

@@ -14,15 +14,14 @@ CLinePosition::CLinePosition(const std::string& fenText, int plies) {
   root.ply = static_cast<std::uint16_t>(2 * plies + (extras.bBlackToMove ? 2 : 1));
   root.rootPlies = root.ply;
   line.resize(root.ply + 1u);
-  root.line = line.data();
 }
 
 const TChessboard& CLinePosition::Play(const std::vector<std::string>& moves) {
   const TChessboard* current = &root;
   for (const auto& text : moves) {
-    const TChessboard* next = movemaking::IsMoveValid(*current, M(text.c_str()).Code())
-                                  ? &current->line[current->ply]
-                                  : nullptr;
+    TChessboard& slot = line[current->ply];
+    const TChessboard* next =
+        movemaking::IsMoveValid(*current, M(text.c_str()).Code(), slot) ? &slot : nullptr;
     EXPECT_NE(next, nullptr) << "illegal move " << text;
     if (next == nullptr) break;
     current = next;

@@ -167,7 +167,8 @@ TEST(MoveMaking, NoMoveAtPlyZero) {
   CLinePosition position("k7/8/8/8/8/8/8/K6R w - - 0 1", 0);
   TChessboard board = position.Root();
   board.ply = 0;
-  EXPECT_FALSE(movemaking::IsMoveValid(board, M("h1h2").Code()));
+  TChessboard successor;
+  EXPECT_FALSE(movemaking::IsMoveValid(board, M("h1h2").Code(), successor));
 }
 
 }  // namespace
