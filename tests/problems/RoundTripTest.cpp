@@ -133,6 +133,33 @@ TEST(RoundTrip, HeadersAreReadAndWrittenBack) {
   }
 }
 
+TEST(RoundTrip, AnswersAreWrittenSoThatTheyReadBackAsTheSameMoves) {
+  const struct {
+    const char* fen;
+    const char* answers;
+    const char* written;
+  } cases[] = {
+      {"r3k2r/1P6/8/3p4/4P3/8/8/R3K2R", "e4-d5, e4:d5, 0-0-0, 0-0, b7-b8Q, b7:a8N",
+       "e4:d5,  e4:d5,  0-0-0,  0-0,  b7-b8Q,  b7:a8N"},
+      // The diagram need not hold what an answer names.
+      {"4k3/8/8/8/8/8/8/R3K3", "Qd1-d8, Kd1-d8", "d1-d8,  d1-d8"},
+      {"4k3/8/8/8/8/8/8/R2K4", "0-0, 0-0-0", "e1-g1,  e1-c1"},
+      {"r3k2r/8/8/8/8/8/8/4K3", "e8-g8", "e8-g8"},  // Black's castling in a White problem
+      {"4k3/1P6/8/8/8/8/8/4K3", "b7-b8P, b7-b8K", "b7-b8P,  b7-b8K"},
+      {"4k3/8/8/8/8/8/8/R3K3", "a1-a1, Ra1-a8Q", "a1-a1,  a1-a8Q"},
+  };
+  for (const auto& c : cases) {
+    TProblemCollection collection;
+    const TProblem& p = ReadOne(collection, std::string("1 #3 {\n\tFEN: ") + c.fen +
+                                                "\n\tA: " + c.answers + "\n}");
+    const std::string text = collection.WriteText();
+    EXPECT_NE(text.find(std::string("\tAnswer:  ") + c.written + "\n"), std::string::npos)
+        << text;
+    TProblemCollection again;
+    EXPECT_EQ(ReadOne(again, text).answer, p.answer) << c.answers;
+  }
+}
+
 TEST(RoundTrip, PieceListsReadLikeTheirFen) {
   TProblemCollection lists, fenText;
   const TProblem& a =
