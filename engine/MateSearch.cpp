@@ -33,7 +33,7 @@ MateResult CMateSearch::FindMate(const TChessboard& board) {
 }
 
 int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& children,
-                                      const std::uint8_t*& order) {
+                                      const TMoveIndex*& order) {
   const size_t slot = (board.ply / 2) * kMoveBufferSize;
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
@@ -79,7 +79,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     return mate::kMate;
   }
   TChessboard* children;
-  const std::uint8_t* order;
+  const TMoveIndex* order;
   const int n = OrderedWhiteChildren(board, children, order);
   TWhiteTally tally;
   if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 &&

@@ -1,7 +1,6 @@
 #include "engine/MoveOrdering.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
@@ -25,15 +24,20 @@ int WhiteAnswerCount(const TChessboard& board, TMove reply) {
 // in ascending count, generation order among equals.
 void SortByWhiteAnswers(const TChessboard& board, TMove* moves, int n) {
   if (n < 2) return;
-  std::pair<int, TMove> keyed[kMoveBufferSize];
+  struct TKeyedMove {
+    int nAnswers;
+    TMove move;
+  };
+  TKeyedMove keyed[kMoveBufferSize];  // not cleared: only the first n are written and read
   for (int i = 0; i < n; ++i) keyed[i] = {WhiteAnswerCount(board, moves[i]), moves[i]};
-  std::stable_sort(keyed, keyed + n,
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (int i = 0; i < n; ++i) moves[i] = keyed[i].second;
+  std::stable_sort(keyed, keyed + n, [](const TKeyedMove& a, const TKeyedMove& b) {
+    return a.nAnswers < b.nAnswers;
+  });
+  for (int i = 0; i < n; ++i) moves[i] = keyed[i].move;
 }
 }  // namespace
 
-int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMoveIndex* order,
                              TMove killer) {
   TMove moves[kMoveBufferSize];
   const int nMoves = movegen::GenerateAllMoves(board, moves);
@@ -58,7 +62,7 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
   // A counting sort keeps generation order within each group.
   int start[kGroups] = {0};
   for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
-  for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<std::uint8_t>(i);
+  for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<TMoveIndex>(i);
   return n;
 }
 
