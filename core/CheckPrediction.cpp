@@ -1,6 +1,7 @@
 #include "core/CheckPrediction.h"
 
 #include <bit>
+#include <cassert>
 #include <cstring>
 
 #include "core/BoardTables.h"
@@ -221,6 +222,7 @@ int CCheckFilter::GenerateCheckingMoves(TMove* out) const {
       }
     }
   }
+  assert(n <= kMoveBufferSize);
   return n;
 }
 

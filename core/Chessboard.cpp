@@ -81,3 +81,18 @@ bool RecomputeChecks(TChessboard& board) {
   ComputeCheckValues(board);
   return !(board.IsWhiteInCheck() && board.IsBlackInCheck());
 }
+
+bool IsConsistent(const TChessboard& board) {
+  TChessboard fresh = board;
+  if (!TryAnalyse(fresh, false)) return false;
+  const auto same = [](const auto& a, const auto& b) { return std::memcmp(&a, &b, sizeof a) == 0; };
+  const bool bSlots =
+      !board.bSimpleWhiteMaterial || (same(board.whiteRookSquares, fresh.whiteRookSquares) &&
+                                      same(board.whiteBishopSquares, fresh.whiteBishopSquares) &&
+                                      same(board.whiteKnightSquares, fresh.whiteKnightSquares) &&
+                                      board.whiteQueenSquare == fresh.whiteQueenSquare);
+  return board.WhiteKing() == fresh.WhiteKing() && board.BlackKing() == fresh.BlackKing() &&
+         board.whiteKingCheck == fresh.whiteKingCheck &&
+         board.blackKingCheck == fresh.blackKingCheck && same(board.nPieces, fresh.nPieces) &&
+         board.bSimpleWhiteMaterial == fresh.bSimpleWhiteMaterial && bSlots;
+}

@@ -92,3 +92,6 @@ bool TryAnalyse(TChessboard& board, bool bReset) noexcept;
 bool IsSane(const TChessboard& board);
 // Recomputes both check values; false when both kings are attacked.
 bool RecomputeChecks(TChessboard& board);
+// Whether the derived fields are what the analysis computes from the squares (the white piece
+// slots only while the material is simple): the move makers assert it in debug builds.
+bool IsConsistent(const TChessboard& board);

@@ -1,6 +1,7 @@
 #include "core/MoveGeneration.h"
 
 #include <bit>
+#include <cassert>
 #include <cstring>
 #include <initializer_list>
 
@@ -64,6 +65,9 @@ int AddPawnMove(int from, int to, bool bPromotion, TMove* out) {
 int PawnMoves(const TChessboard& board, SquareIndex from, int forward, TMove* out) {
   const PieceCode* sq = board.squares;
   const bool bWhite = forward > 0;
+  // The analysis keeps pawns off both back ranks, so a step ahead stays on the board.
+  assert(square::Rank(from) != square::BackRank(true) &&
+         square::Rank(from) != square::BackRank(false));
   const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
   const int file = square::File(from), rank = square::Rank(from);
   const bool bPromotion = rank + (bWhite ? 1 : -1) == square::PromotionRank(bWhite);
@@ -104,6 +108,7 @@ int KingMoves(const TChessboard& board, SquareIndex from, bool bWhite, TMove* ou
 }  // namespace
 
 int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out) {
+  assert(from < 64);
   const PieceCode* sq = board.squares;
   const auto& t = tables::Get();
   const PieceCode p = sq[from];
@@ -150,6 +155,7 @@ int GenerateAllMoves(const TChessboard& board, TMove* out) {
       n += GeneratePieceMoves(board, static_cast<SquareIndex>(s), out + n);
     }
   }
+  assert(n <= kMoveBufferSize);
   return n;
 }
 

@@ -1,5 +1,6 @@
 #include "core/MoveMaking.h"
 
+#include <cassert>
 #include <utility>
 
 #include "core/AttackerSets.h"
@@ -76,6 +77,7 @@ bool ApplyMove(TChessboard& b, TMove m, bool bWhite) {
   }
   if (type == piece::kKing) {
     if (const TCastlingRule* rule = castling::RuleOfKingMove(m.from, m.to)) {
+      assert(rule->king == p && sq[rule->rookFrom] == rule->rook);
       sq[rule->rookFrom] = piece::kEmpty;
       sq[rule->rookTo] = rule->rook;
       bSpecial = true;
@@ -104,6 +106,12 @@ bool ApplyMove(TChessboard& b, TMove m, bool bWhite) {
 }
 
 int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
+  // Trial moves at ply 0 (is the side to move mated?) are made too, into scratch copies.
+  assert(m.from < 64 && m.to < 64 && b.IsWhiteToMove() == bWhite);
+  assert((b.squares[m.from] & piece::SideMask(bWhite)) != 0);
+  assert((b.squares[m.to] & piece::SideMask(bWhite)) == 0);
+  // Else the enemy king could be taken: such a position has no moves to make.
+  assert(!(bWhite ? b.IsBlackInCheck() : b.IsWhiteInCheck()));
   const std::int8_t moverCheckBefore = bWhite ? b.whiteKingCheck : b.blackKingCheck;
   const bool bKingMove = piece::TypeOf(b.squares[m.from]) == piece::kKing;
   const bool bSpecial = ApplyMove(b, m, bWhite);
@@ -136,6 +144,7 @@ int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
   (bWhite ? b.blackKingCheck : b.whiteKingCheck) = static_cast<std::int8_t>(enemyCheck);
   b.lastMove = m;
   --b.ply;
+  assert(IsConsistent(b));
   return 1;
 }
 
@@ -159,6 +168,8 @@ bool MakeSuccessor(const TChessboard& board, TMove move, TChessboard& child) {
 bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode, TChessboard& successor) {
   const TMove move = TMove::FromCode(moveCode);
   if (move.from >= 64 || move.to >= 64 || board.ply == 0) return false;
+  // A position whose side not to move is in check is over: its king could be taken.
+  if (board.IsWhiteToMove() ? board.IsBlackInCheck() : board.IsWhiteInCheck()) return false;
   TMove generated;
   return movegen::FindPieceMove(board, move, &generated) &&
          MakeSuccessor(board, generated, successor);

@@ -14,6 +14,8 @@ CPerftPosition::CPerftPosition(const std::string& fenText, int depth) {
   // Enough plies for the depth, with the parity of the side to move (odd: White).
   root.ply = static_cast<std::uint16_t>(2 * depth + (extras.bBlackToMove ? 2 : 1));
   root.rootPlies = root.ply;
+  // A king in check on the side not to move could be taken: such a position has no moves.
+  fen::CheckStartPosition(root);
 }
 
 std::uint64_t Perft(const TChessboard& board, int depth) {

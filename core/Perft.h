@@ -13,7 +13,8 @@ namespace perft {
 // move is the FEN's own field.
 class CPerftPosition {
  public:
-  // Throws ChessException for a bad FEN ("Improper FEN code" or the analysis' text).
+  // Throws ChessException for a bad FEN ("Improper FEN code" or the analysis' text) and for
+  // a position whose side not to move is in check.
   CPerftPosition(const std::string& fenText, int depth);
   const TChessboard& Root() const { return root; }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/Fen.h"
 #include "core/ChessException.h"
+#include "core/Fen.h"
 #include "core/Notation.h"
 #include "core/PieceLetters.h"
 #include "problems/SortIndication.h"

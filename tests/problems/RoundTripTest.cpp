@@ -150,11 +150,10 @@ TEST(RoundTrip, AnswersAreWrittenSoThatTheyReadBackAsTheSameMoves) {
   };
   for (const auto& c : cases) {
     TProblemCollection collection;
-    const TProblem& p = ReadOne(collection, std::string("1 #3 {\n\tFEN: ") + c.fen +
-                                                "\n\tA: " + c.answers + "\n}");
+    const TProblem& p =
+        ReadOne(collection, std::string("1 #3 {\n\tFEN: ") + c.fen + "\n\tA: " + c.answers + "\n}");
     const std::string text = collection.WriteText();
-    EXPECT_NE(text.find(std::string("\tAnswer:  ") + c.written + "\n"), std::string::npos)
-        << text;
+    EXPECT_NE(text.find(std::string("\tAnswer:  ") + c.written + "\n"), std::string::npos) << text;
     TProblemCollection again;
     EXPECT_EQ(ReadOne(again, text).answer, p.answer) << c.answers;
   }
