@@ -33,7 +33,8 @@ bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras)
 void CheckStartPosition(const TChessboard& board);
 // More than 9 pawns plus queens of one colour.
 bool NeedsMaterialWarning(const TChessboard& board);
-extern const char* const kMaterialWarningText;
+// Its text in the interface language (0 Polish, 2 Ukrainian, else English).
+const char* MaterialWarningText(int nLanguageId);
 extern const char* const kCastlingNoteText;
 
 }  // namespace fen

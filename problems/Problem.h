@@ -101,6 +101,9 @@ struct TProblem {
   // The moves from the start to the current position, in order.
   std::vector<TMove> MoveLine() const;
   int PieceCount() const;
+  // What a user should know about the problem before solving it (an over-full board), in the
+  // interface language.
+  std::vector<std::string> Notes(int nLanguageId) const;
 
  private:
   std::vector<TChessboard> line;

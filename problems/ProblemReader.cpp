@@ -13,7 +13,7 @@ std::unique_ptr<TProblem> CProblemReader::Read() {
   auto problem = std::make_unique<TProblem>();
   lexer.SetDirectivesWanted(false);
   ReadHeader(*problem);
-  optionreader::ReadUpToBody(lexer, *problem);
+  optionreader::ReadUpToBody(lexer, *problem, nLanguageId);
   lexer.SetDirectivesWanted(false);
   ReadBody(*problem);
   return problem;
@@ -55,7 +55,7 @@ void CProblemReader::ReadBody(TProblem& problem) {
     }
     problem.description = text::Trim(lexer.RestOfLine());
   }
-  positionreader::Read(lexer, problem);
+  positionreader::Read(lexer, problem, nLanguageId);
   for (;;) {
     const TToken token = lexer.NextRequired();
     if (token.IsSymbol('}')) return;

@@ -9,9 +9,14 @@
 namespace sortindication {
 namespace {
 
+constexpr TTextTwins kInvalidElement{
+    "Niepoprawny opis SortIndication: ", "Invalid description of SortIndication: ",
+    "Неправильний опис SortIndication: "};
+
 class CElementParser {
  public:
-  explicit CElementParser(const std::string& text) : whole(text), rest(text::Trim(text)) {}
+  CElementParser(const std::string& text, int nLanguage)
+      : whole(text), rest(text::Trim(text)), nLanguageId(nLanguage) {}
 
   TSortIndication Parse() {
     ReadCheckSuffix();
@@ -42,7 +47,7 @@ class CElementParser {
 
  private:
   [[noreturn]] void Fail() const {
-    throw ChessException("Invalid description of SortIndication: " + whole);
+    throw ChessException(PickText(nLanguageId, kInvalidElement) + whole);
   }
 
   void ReadCheckSuffix() {
@@ -111,6 +116,7 @@ class CElementParser {
 
   const std::string& whole;
   std::string_view rest;
+  int nLanguageId;
   TSortIndication element;
 };
 
@@ -121,11 +127,11 @@ bool IsCastling(const TSortIndication& e) {
 
 }  // namespace
 
-TSortIndication Parse(const std::string& text) {
-  return CElementParser(text).Parse();
+TSortIndication Parse(const std::string& text, int nLanguageId) {
+  return CElementParser(text, nLanguageId).Parse();
 }
 
-TSortIndications ParseList(const std::string& text) {
+TSortIndications ParseList(const std::string& text, int nLanguageId) {
   const char separator = text.find(',') != std::string::npos ? ',' : ';';
   TSortIndications list;
   std::size_t begin = 0;
@@ -134,7 +140,7 @@ TSortIndications ParseList(const std::string& text) {
     if (end == std::string::npos) end = text.size();
     const std::string piece(text::Trim(std::string_view(text).substr(begin, end - begin)));
     if (!piece.empty()) {
-      const TSortIndication element = Parse(piece);
+      const TSortIndication element = Parse(piece, nLanguageId);
       list[element.moveNumber].push_back(element);
     }
     begin = end + 1;
