@@ -28,6 +28,10 @@ std::string WriteFullFen(const TChessboard& board);
 // Whether the castling and en passant fields read say something other than the
 // program assumes for the position as a problem's start (see kCastlingNoteText).
 bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras);
+// Whether the end of a line, taken as a start position of its own, would be judged
+// otherwise: a castling the line has lost while king and rook stand at home, or an en passant
+// capture the line allows now (a start position never has one).
+bool LineEndDiffersAlone(const TChessboard& lineEnd);
 
 // Throws ChessException when the side not to move is in check.
 void CheckStartPosition(const TChessboard& board);

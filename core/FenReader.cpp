@@ -78,4 +78,13 @@ bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras)
   return extras.bEnPassantGiven || extras.castlingRights != movegen::CastlingRights(board);
 }
 
+bool LineEndDiffersAlone(const TChessboard& lineEnd) {
+  TFenExtras fromLine;
+  fromLine.castlingRights = movegen::CastlingRights(lineEnd);
+  fromLine.bEnPassantGiven = movegen::EnPassantTarget(lineEnd) != square::kNone;
+  TChessboard alone = lineEnd;
+  alone.parent = nullptr;
+  return ExtrasDifferFromAssumed(alone, fromLine);
+}
+
 }  // namespace fen
