@@ -2,6 +2,7 @@
 #include <cctype>
 #include <string_view>
 
+#include "core/Blanks.h"
 #include "core/CastlingRule.h"
 #include "core/Fen.h"
 #include "core/MoveGeneration.h"
@@ -9,11 +10,6 @@
 
 namespace fen {
 namespace {
-
-// Line ends count as blanks: FEN texts often come straight from a file line.
-bool IsBlank(char c) {
-  return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
 
 // Ranks from 8 down to 1, files a to h; every rank must fill exactly eight files.
 bool ReadPlacement(PieceCode* squares, std::string_view placement) {
@@ -45,11 +41,8 @@ TFenExtras ReadExtras(std::string_view rest) {
   TFenExtras extras;
   int field = 0;
   size_t pos = 0;
-  while (pos < rest.size()) {
-    while (pos < rest.size() && IsBlank(rest[pos])) ++pos;
-    if (pos == rest.size()) break;
-    size_t end = pos;
-    while (end < rest.size() && !IsBlank(rest[end])) ++end;
+  while ((pos = text::SkipBlanks(rest, pos)) < rest.size()) {
+    const size_t end = text::SkipWord(rest, pos);
     const std::string_view text = rest.substr(pos, end - pos);
     if (field == 0) extras.bBlackToMove = text == "b";
     if (field == 2) extras.bEnPassantGiven = text != "-";
@@ -65,9 +58,11 @@ TFenExtras ReadExtras(std::string_view rest) {
 }  // namespace
 
 bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
+  // Fields are separated by any blank, the no-break space and line ends included: FEN texts
+  // often come straight from a file line or a pasted text.
   std::string_view rest(text);
-  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
-  const size_t blank = std::find_if(rest.begin(), rest.end(), IsBlank) - rest.begin();
+  rest.remove_prefix(text::SkipBlanks(rest, 0));
+  const size_t blank = text::SkipWord(rest, 0);
   if (!ReadPlacement(board.squares, rest.substr(0, blank))) return false;
   if (extras != nullptr) *extras = ReadExtras(rest.substr(blank));
   Analyse(board, true);

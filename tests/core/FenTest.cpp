@@ -90,6 +90,9 @@ TEST(Fen, ExtrasReportWhatTheTextClaims) {
                {"r3k2r/8/8/8/8/8/8/R3K2R", true},
                {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", false},
                {"4k3/8/8/8/8/8/8/4K3 w - e3 0 1", true},
+               // Fields part at the no-break space like at any blank.
+               {"r3k2r/8/8/8/8/8/8/R3K2R\xC2\xA0w\xC2\xA0KQkq - 0 1", false},
+               {"r3k2r/8/8/8/8/8/8/R3K2R\xC2\xA0w\xC2\xA0Kq - 0 1", true},
                {"1r2k3/8/8/8/8/8/8/4K2R w Kq - 0 1", true}};
   for (const auto& c : cases) {
     ASSERT_TRUE(fen::ReadFen(board, c.fen, &extras));
