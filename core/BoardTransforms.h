@@ -8,6 +8,12 @@ namespace transforms {
 
 // The four transformations, each a map of squares (and, for the colour swap, of colours).
 enum class ETransform { kMirrorFiles, kSwapColours, kRotate90, kRotate180 };
+constexpr ETransform kTransforms[] = {ETransform::kMirrorFiles, ETransform::kSwapColours,
+                                      ETransform::kRotate90, ETransform::kRotate180};
+// How often a transformation must be applied to give back what it started from.
+constexpr int Period(ETransform transform) {
+  return transform == ETransform::kRotate90 ? 4 : 2;
+}
 
 // Where a transformation takes a square; the absent square 255 stays absent (for stored
 // moves). Files a<->h for the mirror; ranks 1<->8 for the colour swap; a quarter turn

@@ -13,20 +13,14 @@
 using transforms::ETransform;
 
 TEST(Transforms, TwiceGivesBackTheOriginalAndFourQuarterTurnsToo) {
-  const struct {
-    ETransform transform;
-    int nTimes;
-  } cases[] = {{ETransform::kMirrorFiles, 2},
-               {ETransform::kSwapColours, 2},
-               {ETransform::kRotate180, 2},
-               {ETransform::kRotate90, 4}};
   for (const std::string file : {"perft.tsv", "directmates.tsv"}) {
     for (const auto& row : testdata::ReadTsv(file)) {
       const TChessboard original = ReadBoard(row.at("fen"));
-      for (const auto& c : cases) {
+      for (const ETransform transform : transforms::kTransforms) {
         TChessboard board = original;
         try {
-          for (int i = 0; i < c.nTimes; ++i) transforms::Apply(c.transform, board);
+          for (int i = 0; i < transforms::Period(transform); ++i)
+            transforms::Apply(transform, board);
         } catch (const ChessException&) {
           continue;  // a quarter turn put a pawn on a back rank
         }
@@ -34,7 +28,8 @@ TEST(Transforms, TwiceGivesBackTheOriginalAndFourQuarterTurnsToo) {
         EXPECT_EQ(board.blackKingCheck, original.blackKingCheck) << row.at("fen");
         for (int s = 0; s < 64; ++s) {
           SquareIndex mapped = static_cast<SquareIndex>(s);
-          for (int i = 0; i < c.nTimes; ++i) mapped = transforms::MapSquare(c.transform, mapped);
+          for (int i = 0; i < transforms::Period(transform); ++i)
+            mapped = transforms::MapSquare(transform, mapped);
           EXPECT_EQ(mapped, s);
         }
       }

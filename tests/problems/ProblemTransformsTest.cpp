@@ -79,18 +79,12 @@ TEST(ProblemTransforms, MoveEverySquareAndMarkTheDescription) {
 }
 
 TEST(ProblemTransforms, TwiceOrFourQuarterTurnsGiveBackTheProblem) {
-  const struct {
-    ETransform transform;
-    int nTimes;
-  } cases[] = {{ETransform::kMirrorFiles, 2},
-               {ETransform::kSwapColours, 2},
-               {ETransform::kRotate180, 2},
-               {ETransform::kRotate90, 4}};
-  for (const auto& c : cases) {
+  for (const ETransform transform : transforms::kTransforms) {
     TProblemCollection original, turned;
     ReadOne(original, kProblem);
     TProblem& p = const_cast<TProblem&>(ReadOne(turned, kProblem));
-    for (int i = 0; i < c.nTimes; ++i) problemtransforms::Apply(c.transform, p, 0);
+    for (int i = 0; i < transforms::Period(transform); ++i)
+      problemtransforms::Apply(transform, p, 0);
     p.description = "Test";
     EXPECT_EQ(turned.WriteText(), original.WriteText());
   }
