@@ -1,9 +1,11 @@
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "app/Options.h"
 #include "cli/Commands.h"
 #include "problems/Collection.h"
 
@@ -14,20 +16,25 @@ struct TCheckArguments {
   bool bVerbose = false;
 };
 
-// One line per problem: id, stipulation, pieces, description.
-void PrintProblem(const TProblem& problem) {
+// One line per problem: id, stipulation, pieces, description; then its notes, indented.
+void PrintProblem(const TProblem& problem, const std::vector<std::string>& notes) {
   const std::string stipulation =
       problem.stipulation.type == TStipulation::kMoveLine ? "line" : problem.stipulation.Text();
   std::printf("%6d  %-5s %2d  %s\n", problem.id, stipulation.c_str(), problem.PieceCount(),
               problem.description.c_str());
+  for (const std::string& note : notes) std::printf("        %s\n", note.c_str());
 }
 
-bool CheckFile(const std::string& file, bool bVerbose) {
+bool CheckFile(const std::string& file, bool bVerbose, int nLanguageId) {
   TProblemCollection collection;
-  TProblemCollection::TReadOptions options;
+  std::map<int, std::vector<std::string>> notes;
+  TProblemCollection::TReadOptions options{
+      .note = [&notes](const TProblem& p,
+                       const std::vector<std::string>& found) { notes[p.id] = found; },
+      .nLanguageId = nLanguageId};
   if (bVerbose) options.log = [](const std::string& line) { std::cerr << line; };
   const auto error = collection.ReadFile(file, options);
-  for (const auto& [id, problem] : collection.Problems()) PrintProblem(*problem);
+  for (const auto& [id, problem] : collection.Problems()) PrintProblem(*problem, notes[id]);
   std::printf("%s: %zu problems read\n", file.c_str(), collection.Size());
   std::fflush(stdout);
   if (error) std::cerr << error->Describe() << "\n";
@@ -43,9 +50,11 @@ void AddCheckCommand(CLI::App& app) {
   command->add_option("files", args->files, "problem files (.cp)")->required();
   command->add_flag("--verbose", args->bVerbose, "log every problem read to stderr");
   command->callback([args] {
+    // Errors and notes follow the language setting.
+    for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
     bool bAllGood = true;
     for (const std::string& file : args->files)
-      bAllGood = CheckFile(file, args->bVerbose) && bAllGood;
+      bAllGood = CheckFile(file, args->bVerbose, Options().nLanguageId) && bAllGood;
     if (!bAllGood) throw CommandExit{1};
   });
 }

@@ -8,6 +8,7 @@
 #include "core/ChessboardId.h"
 #include "core/Fen.h"
 #include "core/PieceLetters.h"
+#include "core/TextTwins.h"
 
 namespace {
 
@@ -46,7 +47,8 @@ void ShowFen(const std::string& text) {
             << "Short FEN: " << fen::WriteShortFen(board) << "\n"
             << "Full FEN: " << fen::WriteFullFen(board) << "\n"
             << "Identifier: " << TChessboardId(board).ToAlphanum6() << "\n";
-  if (fen::NeedsMaterialWarning(board)) std::cout << fen::kMaterialWarningText << "\n";
+  if (fen::NeedsMaterialWarning(board))
+    std::cout << fen::MaterialWarningText(kEnglishLanguageId) << "\n";
   if (fen::ExtrasDifferFromAssumed(board, extras)) std::cout << fen::kCastlingNoteText << "\n";
 }
 

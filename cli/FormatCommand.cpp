@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "app/Options.h"
 #include "cli/Commands.h"
 #include "problems/Collection.h"
 
@@ -14,8 +15,10 @@ struct TFormatArguments {
 };
 
 void Format(const TFormatArguments& args) {
+  // Errors follow the language setting.
+  for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   TProblemCollection collection;
-  TProblemCollection::TReadOptions options;
+  TProblemCollection::TReadOptions options{.nLanguageId = Options().nLanguageId};
   if (args.bVerbose) options.log = [](const std::string& line) { std::cerr << line; };
   if (const auto error = collection.ReadFile(args.file, options)) {
     // Writing only part of a file would lose the problems behind the error.

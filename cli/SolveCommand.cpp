@@ -106,6 +106,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
       "%s: %s%s\n", title.c_str(),
       ThreadCountLabel(first.threads.nThreads, ThreadLabelModeOf(first.solvingMode)).c_str(),
       Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
+  for (const std::string& note : problem.Notes(Options().nLanguageId))
+    std::printf("%s\n", note.c_str());
   std::fflush(stdout);
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
@@ -131,7 +133,8 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
     }
     return {fenProblem.get()};
   }
-  if (const auto error = collection.ReadFile(args.file, {})) BadInput(error->Describe());
+  if (const auto error = collection.ReadFile(args.file, {.nLanguageId = Options().nLanguageId}))
+    BadInput(error->Describe());
   std::vector<const TProblem*> problems;
   for (int id : args.problemIds) {
     const TProblem* problem = collection.Find(id);

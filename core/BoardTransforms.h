@@ -6,14 +6,26 @@
 // analysis' ChessException passes through (a turned board may put pawns on rank 1 or 8).
 namespace transforms {
 
+// The four transformations, each a map of squares (and, for the colour swap, of colours).
+enum class ETransform { kMirrorFiles, kSwapColours, kRotate90, kRotate180 };
+constexpr ETransform kTransforms[] = {ETransform::kMirrorFiles, ETransform::kSwapColours,
+                                      ETransform::kRotate90, ETransform::kRotate180};
+// How often a transformation must be applied to give back what it started from.
+constexpr int Period(ETransform transform) {
+  return transform == ETransform::kRotate90 ? 4 : 2;
+}
+
+// Where a transformation takes a square; the absent square 255 stays absent (for stored
+// moves). Files a<->h for the mirror; ranks 1<->8 for the colour swap; a quarter turn
+// clockwise takes a1 to a8; the half turn a1 to h8.
+SquareIndex MapSquare(ETransform transform, SquareIndex s);
+
+// Moves every piece to the square MapSquare gives (the colour swap also exchanges colours).
+void Apply(ETransform transform, TChessboard& board);
+
 // Swaps files a<->h ... and returns whether castling was irrelevant before
 // (no king on its e- or d-file home square together with a rook in a home corner).
 bool MirrorFiles(TChessboard& board);
-// Square (f, r) receives the piece of (f, 7 - r) with its colour exchanged.
-void SwapColours(TChessboard& board);
-// Quarter turn clockwise (a1 -> a8) and half turn.
-void Rotate90(TChessboard& board);
-void Rotate180(TChessboard& board);
 // The file mirror of one square, 255 staying 255 (for stored variant moves).
 SquareIndex MirrorSquare(SquareIndex s);
 

@@ -1,9 +1,11 @@
 #include "core/CheckPrediction.h"
 
 #include <bit>
+#include <cassert>
 #include <cstring>
 
 #include "core/BoardTables.h"
+#include "core/CastlingRule.h"
 #include "core/MoveGeneration.h"
 
 namespace attacks {
@@ -51,9 +53,11 @@ bool MayGiveCheck(const TChessboard& board, TMove m) {
   const PieceCode p = sq[m.from];
   const PieceCode type = m.promotion ? piece::TypeOf(m.promotion) : piece::TypeOf(p);
   const bool bWhite = piece::IsWhite(p);
-  const int fileStep = square::File(m.to) - square::File(m.from);
-  if (piece::TypeOf(p) == piece::kKing && (fileStep == 2 || fileStep == -2)) return true;
-  if (piece::TypeOf(p) == piece::kPawn && fileStep != 0 && sq[m.to] == piece::kEmpty) return true;
+  if (piece::TypeOf(p) == piece::kKing && castling::RuleOfKingMove(m.from, m.to) != nullptr)
+    return true;
+  if (piece::TypeOf(p) == piece::kPawn && square::File(m.from) != square::File(m.to) &&
+      sq[m.to] == piece::kEmpty)
+    return true;
   const SquareIndex king = bWhite ? board.BlackKing() : board.WhiteKing();
   if (DirectCheck(sq, m, type, bWhite, king)) return true;
   const int d = tables::Get().direction[king][m.from];
@@ -106,7 +110,8 @@ bool CCheckFilter::MayGiveCheck(TMove m) const {
   const PieceCode p = board.squares[m.from];
   const PieceCode type = piece::TypeOf(p);
   // Promotions may open their own file behind them; castling and en passant move two pieces.
-  if (m.promotion != 0 || (type == piece::kKing && (m.to - m.from == 2 || m.from - m.to == 2)) ||
+  if (m.promotion != 0 ||
+      (type == piece::kKing && castling::RuleOfKingMove(m.from, m.to) != nullptr) ||
       (type == piece::kPawn && square::File(m.from) != square::File(m.to) &&
        board.squares[m.to] == piece::kEmpty))
     return attacks::MayGiveCheck(board, m);
@@ -131,7 +136,7 @@ bool CCheckFilter::MayGiveCheck(TMove m) const {
 }
 
 bool CCheckFilter::IsCastlingSquare(SquareIndex from) const {
-  return from == (board.IsWhiteToMove() ? 4 : 60);
+  return from == castling::KingHome(board.IsWhiteToMove());
 }
 
 bool CCheckFilter::IsQuietPawn(SquareIndex from) const {
@@ -139,10 +144,12 @@ bool CCheckFilter::IsQuietPawn(SquareIndex from) const {
   const int forward = bWhite ? 8 : -8;
   const int rank = square::Rank(from), file = square::File(from);
   // Promotions and en passant are judged by the general filter.
-  if (rank == (bWhite ? 6 : 1) || rank == (bWhite ? 4 : 3)) return false;
+  if (rank + (bWhite ? 1 : -1) == square::PromotionRank(bWhite) ||
+      rank == square::EnPassantRank(bWhite))
+    return false;
   const int ahead = from + forward;
   std::uint64_t reach = 1ULL << ahead;
-  if (rank == (bWhite ? 1 : 6)) reach |= 1ULL << (ahead + forward);
+  if (rank == square::PawnStartRank(bWhite)) reach |= 1ULL << (ahead + forward);
   if (file > 0) reach |= 1ULL << (ahead - 1);
   if (file < 7) reach |= 1ULL << (ahead + 1);
   return (reach & pawnSquares) == 0;
@@ -215,6 +222,7 @@ int CCheckFilter::GenerateCheckingMoves(TMove* out) const {
       }
     }
   }
+  assert(n <= kMoveBufferSize);
   return n;
 }
 

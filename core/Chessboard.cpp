@@ -9,14 +9,6 @@
 
 namespace {
 
-
-void SetEdgeDistanceBits(TChessboard& board) {
-  const int fileDistance = square::kEdgeDistance[board.blackKingFile & 7];
-  const int rankDistance = square::kEdgeDistance[board.blackKingRank & 7];
-  const int distance = fileDistance < rankDistance ? fileDistance : rankDistance;
-  board.statusBits = static_cast<std::uint16_t>((board.statusBits & ~0x18) | (distance << 3));
-}
-
 void ComputeCheckValues(TChessboard& board) {
   board.whiteKingCheck = static_cast<std::int8_t>(
       attacks::CheckValue(board.squares, board.WhiteKing(), piece::kBlack));
@@ -48,7 +40,8 @@ int Analyse(TChessboard& board, bool bReset) {
       ++(bWhite ? nWhiteKings : nBlackKings);
       continue;
     }
-    if (piece::TypeOf(p) == piece::kPawn && (s < 8 || square::Rank(s) == 7))
+    if (piece::TypeOf(p) == piece::kPawn &&
+        (square::Rank(s) == square::BackRank(true) || square::Rank(s) == square::BackRank(false)))
       throw ChessException("Pawns cannot occupy 1st nor 8th line of the chessboard.");
     const int index = PieceCountSlot(piece::TypeOf(p), piece::IsBlack(p));
     if (index >= 0) ++board.nPieces[index];
@@ -56,14 +49,9 @@ int Analyse(TChessboard& board, bool bReset) {
   ScanWhiteMaterial(board);
   if (nWhiteKings != 1 || nBlackKings != 1) throw ChessException("Illegal number of kings.");
   ComputeCheckValues(board);
-  board.statusByte &= static_cast<std::uint8_t>(~0x3C);
-  SetEdgeDistanceBits(board);
   if (board.IsWhiteInCheck() && board.IsBlackInCheck())
     throw ChessException("Both kings attacked.");
-  if (bReset) {
-    board.searchFlags = 0;
-    board.resetWord = 0;
-  }
+  if (bReset) board.searchFlags = 0;
   return 0;
 }
 
@@ -91,6 +79,20 @@ bool IsSane(const TChessboard& board) {
 
 bool RecomputeChecks(TChessboard& board) {
   ComputeCheckValues(board);
-  SetEdgeDistanceBits(board);
   return !(board.IsWhiteInCheck() && board.IsBlackInCheck());
+}
+
+bool IsConsistent(const TChessboard& board) {
+  TChessboard fresh = board;
+  if (!TryAnalyse(fresh, false)) return false;
+  const auto same = [](const auto& a, const auto& b) { return std::memcmp(&a, &b, sizeof a) == 0; };
+  const bool bSlots =
+      !board.bSimpleWhiteMaterial || (same(board.whiteRookSquares, fresh.whiteRookSquares) &&
+                                      same(board.whiteBishopSquares, fresh.whiteBishopSquares) &&
+                                      same(board.whiteKnightSquares, fresh.whiteKnightSquares) &&
+                                      board.whiteQueenSquare == fresh.whiteQueenSquare);
+  return board.WhiteKing() == fresh.WhiteKing() && board.BlackKing() == fresh.BlackKing() &&
+         board.whiteKingCheck == fresh.whiteKingCheck &&
+         board.blackKingCheck == fresh.blackKingCheck && same(board.nPieces, fresh.nPieces) &&
+         board.bSimpleWhiteMaterial == fresh.bSimpleWhiteMaterial && bSlots;
 }

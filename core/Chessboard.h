@@ -7,20 +7,34 @@
 
 // Index of each piece kind in TChessboard::nPieces.
 enum PieceCountIndex : int {
-  kWhiteQueens, kBlackQueens, kWhiteRooks, kBlackRooks, kWhiteBishops,
-  kBlackBishops, kWhiteKnights, kBlackKnights, kWhitePawns, kBlackPawns
+  kWhiteQueens,
+  kBlackQueens,
+  kWhiteRooks,
+  kBlackRooks,
+  kWhiteBishops,
+  kBlackBishops,
+  kWhiteKnights,
+  kBlackKnights,
+  kWhitePawns,
+  kBlackPawns
 };
 
 // The count slot of a piece type and colour; -1 for kings (they are not counted).
 constexpr int PieceCountSlot(PieceCode type, bool bBlack) {
   const int black = bBlack ? 1 : 0;
   switch (type) {
-    case piece::kQueen: return kWhiteQueens + black;
-    case piece::kRook: return kWhiteRooks + black;
-    case piece::kBishop: return kWhiteBishops + black;
-    case piece::kKnight: return kWhiteKnights + black;
-    case piece::kPawn: return kWhitePawns + black;
-    default: return -1;
+    case piece::kQueen:
+      return kWhiteQueens + black;
+    case piece::kRook:
+      return kWhiteRooks + black;
+    case piece::kBishop:
+      return kWhiteBishops + black;
+    case piece::kKnight:
+      return kWhiteKnights + black;
+    case piece::kPawn:
+      return kWhitePawns + black;
+    default:
+      return -1;
   }
 }
 
@@ -31,30 +45,22 @@ constexpr std::int8_t kDoubleCheck = 64;
 // Ply value of a position that belongs to no stipulation.
 constexpr std::uint16_t kNoStipulationPly = 255;
 
-// The flat position record, copied whole for every move the search makes.
-// It owns nothing it points to; the derived fields (kings, checks, counts,
-// white piece slots) are a function of the squares and are kept current by
-// the move makers, or recomputed by Analyse after any other change.
+// The flat position record, copied whole for every move the search makes, so it holds only
+// what some reader needs. It owns nothing it points to; the derived fields (kings, checks,
+// counts, white piece slots) are a function of the squares and are kept current by the move
+// makers, or recomputed by Analyse after any other change.
 struct TChessboard {
   PieceCode squares[64];
-  void* context;                  // solving context, null for a free-standing position
-  void* searchPointer;            // reserved for the search
-  const TChessboard* parent;      // position this one was made from, null at the root
-  TChessboard* line;              // position line indexed by plies left; successors go to line[ply]
-  TMove lastMove;                 // the move that produced this position
-  std::uint16_t ply;              // half-moves left; odd means White to move
-  std::uint16_t rootPlies;        // ply of the problem's starting position
-  std::uint32_t searchFlags;      // heuristic mask, owned by the search
-  std::uint32_t searchWord;       // heuristic parameters, owned by the search
-  std::uint16_t resetWord;        // cleared when the position is reset
-  std::uint16_t statusBits;       // bits 3-4: black king's distance to the nearest edge
-  std::uint8_t statusByte;        // bits 2-5 cleared by the analysis
-  std::uint8_t passNumber;        // 1 in heuristic passes, 2 in the pass without heuristics
+  const TChessboard* parent;  // position this one was made from, null at the root
+  TMove lastMove;             // the move that produced this position
+  std::uint16_t ply;          // half-moves left; odd means White to move
+  std::uint16_t rootPlies;    // ply of the problem's starting position
+  std::uint32_t searchFlags;  // heuristic mask, owned by the search; cleared by a reset
   std::uint8_t whiteKingFile, whiteKingRank;
   std::uint8_t blackKingFile, blackKingRank;
-  std::int8_t whiteKingCheck;     // kNotInCheck, the checker's square, or kDoubleCheck
+  std::int8_t whiteKingCheck;  // kNotInCheck, the checker's square, or kDoubleCheck
   std::int8_t blackKingCheck;
-  std::uint8_t nPieces[10];       // indexed by PieceCountIndex
+  std::uint8_t nPieces[10];  // indexed by PieceCountIndex
   SquareIndex whiteRookSquares[2];
   SquareIndex whiteBishopSquares[2];
   SquareIndex whiteKnightSquares[2];
@@ -69,6 +75,8 @@ struct TChessboard {
   bool IsSideToMoveInCheck() const { return IsWhiteToMove() ? IsWhiteInCheck() : IsBlackInCheck(); }
 };
 static_assert(std::is_trivially_copyable_v<TChessboard>);
+// Every byte is copied at every node: growing the record slows the search.
+static_assert(sizeof(TChessboard) <= 112);
 
 // Empties the record: no pieces, no links, ply 255.
 void ClearChessboard(TChessboard& board);
@@ -76,11 +84,14 @@ void ClearChessboard(TChessboard& board);
 // Recomputes every derived field and validates the position. Throws ChessException
 // with "Pawns cannot occupy 1st nor 8th line of the chessboard.", "Illegal number of kings."
 // or "Both kings attacked."; the derived fields are then partly updated and must not be used.
-// With bReset the search flags and reset word are cleared. Returns 0.
+// With bReset the search flags are cleared. Returns 0.
 int Analyse(TChessboard& board, bool bReset);
 // The same work without exceptions: false where Analyse would throw.
 bool TryAnalyse(TChessboard& board, bool bReset) noexcept;
 // Rejects damaged records read from files and registers.
 bool IsSane(const TChessboard& board);
-// Recomputes both check values and the edge-distance bits; false when both kings are attacked.
+// Recomputes both check values; false when both kings are attacked.
 bool RecomputeChecks(TChessboard& board);
+// Whether the derived fields are what the analysis computes from the squares (the white piece
+// slots only while the material is simple): the move makers assert it in debug builds.
+bool IsConsistent(const TChessboard& board);

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <string>
 
 #include "core/Chessboard.h"
@@ -9,7 +10,7 @@
 namespace fen {
 
 struct TFenExtras {
-  bool bWhiteShort = false, bWhiteLong = false, bBlackShort = false, bBlackLong = false;
+  std::uint8_t castlingRights = 0;  // castling::kWhiteShort ... for the letters K, Q, k, q found
   bool bEnPassantGiven = false;
   bool bBlackToMove = false;  // the side-to-move field said 'b' (only tools such as perft use it)
 };
@@ -24,19 +25,20 @@ std::string WriteShortFen(const TChessboard& board);
 // en passant '-' (or the square when the last move in the line was a capturable double step).
 std::string WriteFullFen(const TChessboard& board);
 
-// Castlings the program treats as available (only the four castling flags are set):
-// king and rook on their home squares and, inside a line, no move since the root
-// ended on either square.
-TFenExtras AvailableCastlings(const TChessboard& board);
 // Whether the castling and en passant fields read say something other than the
 // program assumes for the position as a problem's start (see kCastlingNoteText).
 bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras);
+// Whether the end of a line, taken as a start position of its own, would be judged
+// otherwise: a castling the line has lost while king and rook stand at home, or an en passant
+// capture the line allows now (a start position never has one).
+bool LineEndDiffersAlone(const TChessboard& lineEnd);
 
 // Throws ChessException when the side not to move is in check.
 void CheckStartPosition(const TChessboard& board);
 // More than 9 pawns plus queens of one colour.
 bool NeedsMaterialWarning(const TChessboard& board);
-extern const char* const kMaterialWarningText;
+// Its text in the interface language (0 Polish, 2 Ukrainian, else English).
+const char* MaterialWarningText(int nLanguageId);
 extern const char* const kCastlingNoteText;
 
 }  // namespace fen

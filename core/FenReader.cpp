@@ -2,16 +2,14 @@
 #include <cctype>
 #include <string_view>
 
+#include "core/Blanks.h"
+#include "core/CastlingRule.h"
 #include "core/Fen.h"
+#include "core/MoveGeneration.h"
 #include "core/PieceLetters.h"
 
 namespace fen {
 namespace {
-
-// Line ends count as blanks: FEN texts often come straight from a file line.
-bool IsBlank(char c) {
-  return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
 
 // Ranks from 8 down to 1, files a to h; every rank must fill exactly eight files.
 bool ReadPlacement(PieceCode* squares, std::string_view placement) {
@@ -43,20 +41,14 @@ TFenExtras ReadExtras(std::string_view rest) {
   TFenExtras extras;
   int field = 0;
   size_t pos = 0;
-  while (pos < rest.size()) {
-    while (pos < rest.size() && IsBlank(rest[pos])) ++pos;
-    if (pos == rest.size()) break;
-    size_t end = pos;
-    while (end < rest.size() && !IsBlank(rest[end])) ++end;
+  while ((pos = text::SkipBlanks(rest, pos)) < rest.size()) {
+    const size_t end = text::SkipWord(rest, pos);
     const std::string_view text = rest.substr(pos, end - pos);
     if (field == 0) extras.bBlackToMove = text == "b";
     if (field == 2) extras.bEnPassantGiven = text != "-";
-    for (const char c : text) {
-      extras.bWhiteShort |= c == 'K';
-      extras.bWhiteLong |= c == 'Q';
-      extras.bBlackShort |= c == 'k';
-      extras.bBlackLong |= c == 'q';
-    }
+    for (const char c : text)
+      for (const TCastlingRule& rule : castling::kRules)
+        if (c == rule.fenLetter) extras.castlingRights |= rule.right;
     ++field;
     pos = end;
   }
@@ -66,9 +58,11 @@ TFenExtras ReadExtras(std::string_view rest) {
 }  // namespace
 
 bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
+  // Fields are separated by any blank, the no-break space and line ends included: FEN texts
+  // often come straight from a file line or a pasted text.
   std::string_view rest(text);
-  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
-  const size_t blank = std::find_if(rest.begin(), rest.end(), IsBlank) - rest.begin();
+  rest.remove_prefix(text::SkipBlanks(rest, 0));
+  const size_t blank = text::SkipWord(rest, 0);
   if (!ReadPlacement(board.squares, rest.substr(0, blank))) return false;
   if (extras != nullptr) *extras = ReadExtras(rest.substr(blank));
   Analyse(board, true);
@@ -76,10 +70,16 @@ bool ReadFen(TChessboard& board, const std::string& text, TFenExtras* extras) {
 }
 
 bool ExtrasDifferFromAssumed(const TChessboard& board, const TFenExtras& extras) {
-  const TFenExtras assumed = AvailableCastlings(board);
-  return extras.bEnPassantGiven || extras.bWhiteShort != assumed.bWhiteShort ||
-         extras.bWhiteLong != assumed.bWhiteLong || extras.bBlackShort != assumed.bBlackShort ||
-         extras.bBlackLong != assumed.bBlackLong;
+  return extras.bEnPassantGiven || extras.castlingRights != movegen::CastlingRights(board);
+}
+
+bool LineEndDiffersAlone(const TChessboard& lineEnd) {
+  TFenExtras fromLine;
+  fromLine.castlingRights = movegen::CastlingRights(lineEnd);
+  fromLine.bEnPassantGiven = movegen::EnPassantTarget(lineEnd) != square::kNone;
+  TChessboard alone = lineEnd;
+  alone.parent = nullptr;
+  return ExtrasDifferFromAssumed(alone, fromLine);
 }
 
 }  // namespace fen

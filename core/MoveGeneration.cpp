@@ -1,6 +1,7 @@
 #include "core/MoveGeneration.h"
 
 #include <bit>
+#include <cassert>
 #include <cstring>
 #include <initializer_list>
 
@@ -64,20 +65,22 @@ int AddPawnMove(int from, int to, bool bPromotion, TMove* out) {
 int PawnMoves(const TChessboard& board, SquareIndex from, int forward, TMove* out) {
   const PieceCode* sq = board.squares;
   const bool bWhite = forward > 0;
+  // The analysis keeps pawns off both back ranks, so a step ahead stays on the board.
+  assert(square::Rank(from) != square::BackRank(true) &&
+         square::Rank(from) != square::BackRank(false));
   const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
-  const int homeRank = bWhite ? 1 : 6, lastRank = bWhite ? 7 : 0, passantRank = bWhite ? 4 : 3;
   const int file = square::File(from), rank = square::Rank(from);
-  const bool bPromotion = rank + (bWhite ? 1 : -1) == lastRank;
+  const bool bPromotion = rank + (bWhite ? 1 : -1) == square::PromotionRank(bWhite);
   int n = 0;
   const int ahead = from + forward;
   if (sq[ahead] == piece::kEmpty) {
     n += AddPawnMove(from, ahead, bPromotion, out + n);
-    if (rank == homeRank && sq[ahead + forward] == piece::kEmpty)
+    if (rank == square::PawnStartRank(bWhite) && sq[ahead + forward] == piece::kEmpty)
       out[n++] = Move(from, ahead + forward);
   }
   if (file > 0 && (sq[ahead - 1] & enemy)) n += AddPawnMove(from, ahead - 1, bPromotion, out + n);
   if (file < 7 && (sq[ahead + 1] & enemy)) n += AddPawnMove(from, ahead + 1, bPromotion, out + n);
-  if (rank == passantRank && board.parent != nullptr) {
+  if (rank == square::EnPassantRank(bWhite) && board.parent != nullptr) {
     const PieceCode enemyPawn = enemy | piece::kPawn;
     const TMove last = board.lastMove;
     for (int side : {-1, 1}) {
@@ -94,10 +97,10 @@ int KingMoves(const TChessboard& board, SquareIndex from, bool bWhite, TMove* ou
   const auto& t = tables::Get();
   const TSquareList& steps = bWhite ? t.whiteKingSteps[from] : t.blackKingSteps[from];
   int n = StepMoves(board.squares, from, steps, bWhite ? piece::kBlack : piece::kWhite, out);
-  const SquareIndex home = bWhite ? 4 : 60;
-  if (from == home) {
-    if (CanCastle(board, home + 2)) out[n++] = Move(from, home + 2);
-    if (CanCastle(board, home - 2)) out[n++] = Move(from, home - 2);
+  if (from == castling::KingHome(bWhite)) {
+    const TCastlingRule* rules = castling::RulesOf(bWhite);
+    for (int i = 0; i < 2; ++i)
+      if (CanCastle(board, rules[i])) out[n++] = Move(from, rules[i].kingTo);
   }
   return n;
 }
@@ -105,6 +108,7 @@ int KingMoves(const TChessboard& board, SquareIndex from, bool bWhite, TMove* ou
 }  // namespace
 
 int GeneratePieceMoves(const TChessboard& board, SquareIndex from, TMove* out) {
+  assert(from < 64);
   const PieceCode* sq = board.squares;
   const auto& t = tables::Get();
   const PieceCode p = sq[from];
@@ -151,6 +155,7 @@ int GenerateAllMoves(const TChessboard& board, TMove* out) {
       n += GeneratePieceMoves(board, static_cast<SquareIndex>(s), out + n);
     }
   }
+  assert(n <= kMoveBufferSize);
   return n;
 }
 
@@ -186,44 +191,50 @@ int GenerateEvasions(const TChessboard& board, TMove* out) {
 namespace {
 
 // King and rook stand at home now, stood there at the root, and no move since ended there.
-bool HasCastlingRight(const TChessboard& board, SquareIndex kingHome, SquareIndex corner,
-                      PieceCode colour) {
-  const PieceCode* sq = board.squares;
-  if (sq[kingHome] != (colour | piece::kKing) || sq[corner] != (colour | piece::kRook))
-    return false;
+bool HasCastlingRight(const TChessboard& board, const TCastlingRule& rule) {
+  if (!rule.PiecesAtHome(board.squares)) return false;
   const TChessboard* p = &board;
   for (; p->parent != nullptr; p = p->parent)
-    if (p->lastMove.to == kingHome || p->lastMove.to == corner) return false;
-  return p->squares[kingHome] == (colour | piece::kKing) &&
-         p->squares[corner] == (colour | piece::kRook);
+    if (p->lastMove.to == rule.kingFrom || p->lastMove.to == rule.rookFrom) return false;
+  return rule.PiecesAtHome(p->squares);
 }
 
 }  // namespace
 
-bool CanCastle(const TChessboard& board, SquareIndex kingTarget) {
-  const bool bWhite = kingTarget < 8;
-  const SquareIndex kingHome = bWhite ? 4 : 60;
-  const bool bShort = kingTarget == kingHome + 2;
-  const SquareIndex corner = bShort ? kingHome + 3 : kingHome - 4;
+bool CanCastle(const TChessboard& board, const TCastlingRule& rule) {
   const PieceCode* sq = board.squares;
-  const int step = bShort ? 1 : -1;
-  if (sq[kingHome] != (bWhite ? piece::kWhiteKing : piece::kBlackKing)) return false;
-  for (int s = kingHome + step; s != corner; s += step)
+  if (sq[rule.kingFrom] != rule.king) return false;
+  for (int s = rule.kingFrom + rule.Step(); s != rule.rookFrom; s += rule.Step())
     if (sq[s] != piece::kEmpty) return false;
+  const bool bWhite = piece::IsWhite(rule.king);
   if (bWhite ? board.IsWhiteInCheck() : board.IsBlackInCheck()) return false;
   const PieceCode enemy = bWhite ? piece::kBlack : piece::kWhite;
-  if (attacks::IsAttacked(sq, kingHome + step, enemy) || attacks::IsAttacked(sq, kingTarget, enemy))
+  if (attacks::IsAttacked(sq, rule.Crossed(), enemy) || attacks::IsAttacked(sq, rule.kingTo, enemy))
     return false;
-  return HasCastlingRight(board, kingHome, corner, bWhite ? piece::kWhite : piece::kBlack);
+  return HasCastlingRight(board, rule);
 }
 
 std::uint8_t CastlingRights(const TChessboard& board) {
   std::uint8_t rights = 0;
-  if (HasCastlingRight(board, 4, 7, piece::kWhite)) rights |= castling::kWhiteShort;
-  if (HasCastlingRight(board, 4, 0, piece::kWhite)) rights |= castling::kWhiteLong;
-  if (HasCastlingRight(board, 60, 63, piece::kBlack)) rights |= castling::kBlackShort;
-  if (HasCastlingRight(board, 60, 56, piece::kBlack)) rights |= castling::kBlackLong;
+  for (const TCastlingRule& rule : castling::kRules)
+    if (HasCastlingRight(board, rule)) rights |= rule.right;
   return rights;
+}
+
+SquareIndex EnPassantTarget(const TChessboard& board) {
+  if (board.parent == nullptr) return square::kNone;
+  const TMove last = board.lastMove;
+  const PieceCode moved = board.squares[last.to];
+  // Only a pawn's double step covers two ranks in one move.
+  if (piece::TypeOf(moved) != piece::kPawn ||
+      (last.to > last.from ? last.to - last.from : last.from - last.to) != 16)
+    return square::kNone;
+  const PieceCode taker = (piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn;
+  const int file = square::File(last.to);
+  if ((file > 0 && board.squares[last.to - 1] == taker) ||
+      (file < 7 && board.squares[last.to + 1] == taker))
+    return static_cast<SquareIndex>((last.from + last.to) / 2);
+  return square::kNone;
 }
 
 }  // namespace movegen

@@ -1,4 +1,5 @@
 #pragma once
+#include "core/CastlingRule.h"
 #include "core/Chessboard.h"
 #include "core/Move.h"
 
@@ -18,14 +19,17 @@ bool FindPieceMove(const TChessboard& board, TMove move, TMove* found);
 int GenerateAllMoves(const TChessboard& board, TMove* out);
 // Legal replies of the side to move when it is in check (all at once), in generation order.
 int GenerateEvasions(const TChessboard& board, TMove* out);
-// Whether castling on the given king target square (g1, c1, g8, c8) is allowed now.
-bool CanCastle(const TChessboard& board, SquareIndex kingTarget);
+// Whether the castling is allowed now: its right, empty squares between king and rook, and
+// neither the king's square nor the squares it crosses and lands on attacked.
+bool CanCastle(const TChessboard& board, const TCastlingRule& rule);
 
 // Castling rights as the line judges them (king and rook at home now and at the root, no
-// move of the line ended on either square), ignoring checks and pieces in between.
-namespace castling {
-constexpr std::uint8_t kWhiteShort = 1, kWhiteLong = 2, kBlackShort = 4, kBlackLong = 8;
-}
+// move of the line ended on either square), ignoring checks and pieces in between: the
+// castling::kWhiteShort ... bits of the rules that have them.
 std::uint8_t CastlingRights(const TChessboard& board);
+
+// The square behind a pawn that has just made its double step, when an enemy pawn beside it
+// may take it en passant now; square::kNone otherwise (always at the root).
+SquareIndex EnPassantTarget(const TChessboard& board);
 
 }  // namespace movegen

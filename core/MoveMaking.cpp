@@ -1,10 +1,12 @@
 #include "core/MoveMaking.h"
 
+#include <cassert>
 #include <utility>
 
 #include "core/AttackerSets.h"
 #include "core/Attacks.h"
 #include "core/BoardTables.h"
+#include "core/CastlingRule.h"
 #include "core/MoveGeneration.h"
 #include "core/WhiteMaterial.h"
 
@@ -12,8 +14,8 @@ namespace movemaking {
 namespace {
 
 bool IsCastling(const TChessboard& board, TMove m) {
-  const int step = m.to - m.from;
-  return piece::TypeOf(board.squares[m.from]) == piece::kKing && (step == 2 || step == -2);
+  return piece::TypeOf(board.squares[m.from]) == piece::kKing &&
+         castling::RuleOfKingMove(m.from, m.to) != nullptr;
 }
 
 // Adds delta to the count of a piece type (kings are not counted).
@@ -74,11 +76,10 @@ bool ApplyMove(TChessboard& b, TMove m, bool bWhite) {
     bWhiteMaterialChanged = !bWhite && piece::TypeOf(captured) != piece::kPawn;
   }
   if (type == piece::kKing) {
-    const int fileStep = square::File(m.to) - square::File(m.from);
-    if (fileStep == 2 || fileStep == -2) {
-      const SquareIndex corner = fileStep > 0 ? m.from + 3 : m.from - 4;
-      sq[corner] = piece::kEmpty;
-      sq[m.from + fileStep / 2] = colour | piece::kRook;
+    if (const TCastlingRule* rule = castling::RuleOfKingMove(m.from, m.to)) {
+      assert(rule->king == p && sq[rule->rookFrom] == rule->rook);
+      sq[rule->rookFrom] = piece::kEmpty;
+      sq[rule->rookTo] = rule->rook;
       bSpecial = true;
       bWhiteMaterialChanged = bWhite;
     }
@@ -105,6 +106,12 @@ bool ApplyMove(TChessboard& b, TMove m, bool bWhite) {
 }
 
 int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
+  // Trial moves at ply 0 (is the side to move mated?) are made too, into scratch copies.
+  assert(m.from < 64 && m.to < 64 && b.IsWhiteToMove() == bWhite);
+  assert((b.squares[m.from] & piece::SideMask(bWhite)) != 0);
+  assert((b.squares[m.to] & piece::SideMask(bWhite)) == 0);
+  // Else the enemy king could be taken: such a position has no moves to make.
+  assert(!(bWhite ? b.IsBlackInCheck() : b.IsWhiteInCheck()));
   const std::int8_t moverCheckBefore = bWhite ? b.whiteKingCheck : b.blackKingCheck;
   const bool bKingMove = piece::TypeOf(b.squares[m.from]) == piece::kKing;
   const bool bSpecial = ApplyMove(b, m, bWhite);
@@ -135,14 +142,9 @@ int MakeMoveOf(TChessboard& b, TMove m, bool bWhite) {
   }
   (bWhite ? b.whiteKingCheck : b.blackKingCheck) = kNotInCheck;
   (bWhite ? b.blackKingCheck : b.whiteKingCheck) = static_cast<std::int8_t>(enemyCheck);
-  if (bKingMove && !bWhite) {
-    const int fileDistance = square::kEdgeDistance[b.blackKingFile];
-    const int rankDistance = square::kEdgeDistance[b.blackKingRank];
-    const int distance = fileDistance < rankDistance ? fileDistance : rankDistance;
-    b.statusBits = static_cast<std::uint16_t>((b.statusBits & ~0x18) | (distance << 3));
-  }
   b.lastMove = m;
   --b.ply;
+  assert(IsConsistent(b));
   return 1;
 }
 
@@ -155,22 +157,22 @@ int MakeBlackMove(TChessboard& child, TMove move) {
   return MakeMoveOf(child, move, false);
 }
 
-TChessboard* MakeSuccessor(const TChessboard& board, TMove move) {
-  if (board.ply == 0 || board.line == nullptr) return nullptr;
-  TChessboard* child = &board.line[board.ply];
-  *child = board;
-  child->parent = &board;
-  const int made =
-      board.IsWhiteToMove() ? MakeWhiteMove(*child, move) : MakeBlackMove(*child, move);
-  return made > 0 ? child : nullptr;
+bool MakeSuccessor(const TChessboard& board, TMove move, TChessboard& child) {
+  if (board.ply == 0) return false;
+  child = board;
+  child.parent = &board;
+  const int made = board.IsWhiteToMove() ? MakeWhiteMove(child, move) : MakeBlackMove(child, move);
+  return made > 0;
 }
 
-bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode) {
+bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode, TChessboard& successor) {
   const TMove move = TMove::FromCode(moveCode);
   if (move.from >= 64 || move.to >= 64 || board.ply == 0) return false;
+  // A position whose side not to move is in check is over: its king could be taken.
+  if (board.IsWhiteToMove() ? board.IsBlackInCheck() : board.IsWhiteInCheck()) return false;
   TMove generated;
   return movegen::FindPieceMove(board, move, &generated) &&
-         MakeSuccessor(board, generated) != nullptr;
+         MakeSuccessor(board, generated, successor);
 }
 
 namespace {

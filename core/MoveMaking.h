@@ -2,8 +2,8 @@
 #include "core/Chessboard.h"
 #include "core/Move.h"
 
-// Successors are built in the position line: copied into line[ply] of the current
-// position, linked to it, then changed by the mover's move maker.
+// A successor is a copy of the current position, linked to it and changed by the mover's
+// move maker; the current position itself is never changed.
 namespace movemaking {
 
 // Apply a generated move to a copy (the successor). Keeps every derived field,
@@ -12,15 +12,15 @@ namespace movemaking {
 int MakeWhiteMove(TChessboard& child, TMove move);
 int MakeBlackMove(TChessboard& child, TMove move);
 
-// Copies board into its line slot, links it and applies move with the right maker.
-// Returns the successor, or null when the move leaves the mover's king attacked.
-TChessboard* MakeSuccessor(const TChessboard& board, TMove move);
+// Copies board into child, links it and applies move with the right maker. False when
+// no plies are left or the move leaves the mover's king attacked (child is then garbage).
+bool MakeSuccessor(const TChessboard& board, TMove move, TChessboard& child);
 
 // Legality test of a move code: the piece of the side to move, a generated move
-// agreeing in from, to and promotion type. On success the successor is in the line.
-bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode);
+// agreeing in from, to and promotion type. On success the successor has been built.
+bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode, TChessboard& successor);
 
-// Whether the side to move has at least one legal move (uses the line slot).
+// Whether the side to move has at least one legal move (works at ply 0 too).
 bool HasLegalMove(const TChessboard& board);
 
 }  // namespace movemaking

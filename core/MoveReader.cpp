@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "core/Blanks.h"
+#include "core/CastlingRule.h"
 #include "core/ChessException.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
@@ -12,22 +14,19 @@
 namespace notation {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-
 bool IsLetter(char c) {
   return std::isalpha(static_cast<unsigned char>(c)) != 0;
 }
 
 std::string_view SkipLeadingBlanks(std::string_view text) {
-  const size_t start = text.find_first_not_of(kBlanks);
-  return start == std::string_view::npos ? std::string_view() : text.substr(start);
+  return text.substr(text::SkipBlanks(text, 0));
 }
 
 // "0-0" and "0-0-0" name the king's two-file step of the given side.
 std::optional<TMove> ReadCastling(std::string_view text, bool bWhite) {
   if (text != "0-0" && text != "0-0-0") return std::nullopt;
-  const int rank = bWhite ? 0 : 7;
-  return TMove{square::Make(4, rank), square::Make(text.size() == 3 ? 6 : 2, rank), 0, 0};
+  const TCastlingRule& rule = castling::RulesOf(bWhite)[text == "0-0" ? 0 : 1];
+  return TMove{rule.kingFrom, rule.kingTo, 0, 0};
 }
 
 // A file letter in either case and a rank digit; square::kNone for anything off the board.
@@ -87,15 +86,14 @@ bool HasPlausibleShape(const TChessboard& board, const TParsedMove& parsed) {
   if ((board.squares[move.to] & own) != 0) return false;
   if (!IsPathClear(board.squares, move.from, move.to)) return false;
   const bool bReachesLastRank =
-      parsed.type == piece::kPawn && square::Rank(move.to) == (bWhite ? 7 : 0);
+      parsed.type == piece::kPawn && square::Rank(move.to) == square::PromotionRank(bWhite);
   return bReachesLastRank == (move.promotion != piece::kEmpty);
 }
 
 }  // namespace
 
 TMove FullDescriptionToMove(const std::string& text, bool bWhite) {
-  std::string_view rest = SkipLeadingBlanks(text);
-  rest = rest.substr(0, rest.find_last_not_of(kBlanks) + 1);
+  std::string_view rest = text::Trim(text);
   if (rest.empty()) throw ChessException("Empty string");
   if (const auto castling = ReadCastling(rest, bWhite)) return *castling;
   PieceCode promoted = piece::kEmpty;
@@ -122,40 +120,44 @@ void ReadShortNotation(const std::string&) {
   throw ChessException("Short notation not supported.");
 }
 
-TChessboard* MakeMove(const TChessboard& board, const std::string& text,
+TChessboard* MakeMove(const TChessboard& board, const std::string& text, TChessboard& successor,
                       const TMoveCallback& onMade) {
   if (board.ply == 0) return nullptr;
   const auto parsed = ParseMoveText(SkipLeadingBlanks(text), board.IsWhiteToMove());
   if (!parsed || !HasPlausibleShape(board, *parsed)) return nullptr;
   const std::uint32_t code = parsed->move.Code();
-  if (!movemaking::IsMoveValid(board, code)) {
+  if (!movemaking::IsMoveValid(board, code, successor)) {
     throw ChessException("Invalid move in MakeMove() : " + text);
   }
   if (onMade) onMade(code, -1);
-  return &board.line[board.ply];
+  return &successor;
 }
 
-const TChessboard* ReadMoveSequence(const TChessboard& board, const std::string& text) {
+TMoveSequenceEnd ReadMoveSequence(const TChessboard& board, std::string_view text,
+                                  std::span<TChessboard> line) {
   const TChessboard* current = &board;
-  std::string_view rest(text);
+  std::size_t pos = text::SkipBlanks(text, 0);
   int moveNumber = 1;
-  while (!(rest = SkipLeadingBlanks(rest)).empty()) {
+  while (pos < text.size()) {
+    const std::size_t moveStart = pos;
     const std::string label = std::to_string(moveNumber) + ".";
-    if (rest.starts_with(label)) rest = SkipLeadingBlanks(rest.substr(label.size()));
-    const size_t end = std::min(rest.find_first_of(kBlanks), rest.size());
-    if (end > 14) break;
+    if (text.substr(pos).starts_with(label)) pos = text::SkipBlanks(text, pos + label.size());
+    const std::size_t end = text::SkipWord(text, pos);
     const TChessboard* next = nullptr;
-    try {
-      next = MakeMove(*current, std::string(rest.substr(0, end)));
-    } catch (const ChessException&) {
-      // An illegal move ends the sequence like any other refused text.
+    // A token too long to be a move ends the sequence like any other refused text.
+    if (end - pos <= 14 && current->ply < line.size()) {
+      try {
+        next = MakeMove(*current, std::string(text.substr(pos, end - pos)), line[current->ply]);
+      } catch (const ChessException&) {
+        // So does an illegal move.
+      }
     }
-    if (next == nullptr) break;
+    if (next == nullptr) return {current, text::Trim(text.substr(moveStart))};
     current = next;
-    rest.remove_prefix(end);
+    pos = text::SkipBlanks(text, end);
     if (current->IsWhiteToMove()) ++moveNumber;
   }
-  return current;
+  return {current, {}};
 }
 
 }  // namespace notation

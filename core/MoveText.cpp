@@ -19,7 +19,7 @@ std::string MoveToText(TMove move, PieceCode movingType, bool bCapture) {
   }
   const PieceCode type = piece::TypeOf(movingType);
   if (type == piece::kKing && std::abs(square::File(move.to) - square::File(move.from)) >= 2) {
-    return square::File(move.to) == 6 ? "0-0" : "0-0-0";
+    return square::File(move.to) == square::File(square::kG1) ? "0-0" : "0-0-0";
   }
   if (type != piece::kPawn) text.insert(text.begin(), letters::TypeToLetter(type));
   return text;

@@ -1,6 +1,8 @@
 #pragma once
 #include <functional>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "core/Chessboard.h"
 #include "core/Move.h"
@@ -23,14 +25,24 @@ TMove FullDescriptionToMove(const std::string& text, bool bWhite);
 // Short algebraic notation is refused with "Short notation not supported.".
 [[noreturn]] void ReadShortNotation(const std::string& text);
 
-// Parses text against board, checks its shape and makes it in the line. Returns the
+// Parses text against board, checks its shape and makes it into successor. Returns the
 // successor, null for a refused text; throws "Invalid move in MakeMove() : " + text for a
 // well-formed move the legality test refuses. onMade(moveCode, -1) is called on success.
 using TMoveCallback = std::function<void(std::uint32_t, int)>;
-TChessboard* MakeMove(const TChessboard& board, const std::string& text,
+TChessboard* MakeMove(const TChessboard& board, const std::string& text, TChessboard& successor,
                       const TMoveCallback& onMade = nullptr);
-// "1. e2-e4 e7-e5 2. Ng1-f3": makes the moves one by one, stopping at the first
-// refused one; returns the last position reached (board itself when none was made).
-const TChessboard* ReadMoveSequence(const TChessboard& board, const std::string& text);
+
+// Where a move sequence ended: the last position reached (the start itself when no move was
+// made) and the text from the first move that could not be made (its move number included),
+// empty when every move was made.
+struct TMoveSequenceEnd {
+  const TChessboard* last;
+  std::string_view rest;
+};
+// "1. e2-e4 e7-e5 2. Ng1-f3": makes the moves one by one into the position line (the
+// successor of a position with p plies left goes to line[p], so the line needs board.ply + 1
+// slots), stopping at the first refused one.
+TMoveSequenceEnd ReadMoveSequence(const TChessboard& board, std::string_view text,
+                                  std::span<TChessboard> line);
 
 }  // namespace notation

@@ -14,8 +14,8 @@ CPerftPosition::CPerftPosition(const std::string& fenText, int depth) {
   // Enough plies for the depth, with the parity of the side to move (odd: White).
   root.ply = static_cast<std::uint16_t>(2 * depth + (extras.bBlackToMove ? 2 : 1));
   root.rootPlies = root.ply;
-  line.resize(root.ply + 1u);
-  root.line = line.data();
+  // A king in check on the side not to move could be taken: such a position has no moves.
+  fen::CheckStartPosition(root);
 }
 
 std::uint64_t Perft(const TChessboard& board, int depth) {
@@ -23,10 +23,9 @@ std::uint64_t Perft(const TChessboard& board, int depth) {
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateAllMoves(board, moves);
   std::uint64_t nodes = 0;
-  for (int i = 0; i < n; ++i) {
-    const TChessboard* child = movemaking::MakeSuccessor(board, moves[i]);
-    if (child != nullptr) nodes += Perft(*child, depth - 1);
-  }
+  TChessboard child;
+  for (int i = 0; i < n; ++i)
+    if (movemaking::MakeSuccessor(board, moves[i], child)) nodes += Perft(child, depth - 1);
   return nodes;
 }
 
@@ -34,10 +33,10 @@ std::vector<std::pair<TMove, std::uint64_t>> Divide(const TChessboard& board, in
   std::vector<std::pair<TMove, std::uint64_t>> counts;
   TMove moves[kMoveBufferSize];
   const int n = movegen::GenerateAllMoves(board, moves);
-  for (int i = 0; i < n; ++i) {
-    const TChessboard* child = movemaking::MakeSuccessor(board, moves[i]);
-    if (child != nullptr) counts.emplace_back(moves[i], Perft(*child, depth - 1));
-  }
+  TChessboard child;
+  for (int i = 0; i < n; ++i)
+    if (movemaking::MakeSuccessor(board, moves[i], child))
+      counts.emplace_back(moves[i], Perft(child, depth - 1));
   return counts;
 }
 

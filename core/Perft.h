@@ -9,19 +9,17 @@
 // Node counting over the move generator and the move makers: every leaf is made.
 namespace perft {
 
-// A position read from FEN with its own position line, ready for a perft of some depth.
-// Unlike problems, the side to move is the FEN's own field.
+// A position read from FEN, ready for a perft of some depth. Unlike problems, the side to
+// move is the FEN's own field.
 class CPerftPosition {
  public:
-  // Throws ChessException for a bad FEN ("Improper FEN code" or the analysis' text).
+  // Throws ChessException for a bad FEN ("Improper FEN code" or the analysis' text) and for
+  // a position whose side not to move is in check.
   CPerftPosition(const std::string& fenText, int depth);
-  CPerftPosition(const CPerftPosition&) = delete;
-  CPerftPosition& operator=(const CPerftPosition&) = delete;
   const TChessboard& Root() const { return root; }
 
  private:
   TChessboard root;
-  std::vector<TChessboard> line;
 };
 
 std::uint64_t Perft(const TChessboard& board, int depth);

@@ -1,12 +1,27 @@
 #include "core/ChessException.h"
 #include "core/Fen.h"
+#include "core/TextTwins.h"
 
 namespace fen {
 
-const char* const kMaterialWarningText =
+namespace {
+
+constexpr TTextTwins kMaterialWarning{
+    "Uwaga: Na szachownicy jest więcej niż 9 hetmanów i pionów tego samego koloru. Program "
+    "poprawnie obsługuje tylko legalne pozycje (w których możliwych jest nie więcej niż 218 "
+    "ruchów); w przeciwnym razie jego zachowanie może być nieprzewidywalne.",
     "Note: There are more than 9 queens and pawns of the same color. Program is able to properly "
     "handle only legal positions (in which no more than 218 moves are possible); otherwise its "
-    "behaviour may be unpredictable.";
+    "behaviour may be unpredictable.",
+    "Примітка: на дошці більше 9 ферзів і пішаків одного кольору. Програма правильно обробляє "
+    "лише легальні позиції (у яких можливо не більше 218 ходів); інакше її поведінка може бути "
+    "непередбачуваною."};
+
+}  // namespace
+
+const char* MaterialWarningText(int nLanguageId) {
+  return PickText(nLanguageId, kMaterialWarning);
+}
 
 const char* const kCastlingNoteText =
     "Note: Program does not consider additional information about castling or en passant "

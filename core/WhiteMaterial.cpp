@@ -21,15 +21,18 @@ bool StoreInPair(SquareIndex (&slots)[2], SquareIndex s) {
 
 void ScanWhiteMaterial(TChessboard& board) {
   board.bSimpleWhiteMaterial = 1;
-  for (auto* slots : {&board.whiteRookSquares, &board.whiteBishopSquares, &board.whiteKnightSquares})
+  for (auto* slots :
+       {&board.whiteRookSquares, &board.whiteBishopSquares, &board.whiteKnightSquares})
     (*slots)[0] = (*slots)[1] = square::kNone;
   board.whiteQueenSquare = square::kNone;
   for (int s = 0; s < 64 && board.bSimpleWhiteMaterial; ++s) {
     const SquareIndex sq = static_cast<SquareIndex>(s);
     switch (board.squares[s]) {
       case piece::kWhiteQueen:
-        if (board.whiteQueenSquare != square::kNone) board.bSimpleWhiteMaterial = 0;
-        else board.whiteQueenSquare = sq;
+        if (board.whiteQueenSquare != square::kNone)
+          board.bSimpleWhiteMaterial = 0;
+        else
+          board.whiteQueenSquare = sq;
         break;
       case piece::kWhiteRook:
         board.bSimpleWhiteMaterial = StoreInPair(board.whiteRookSquares, sq);

@@ -1,6 +1,7 @@
 #include "engine/MateSearch.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
@@ -33,8 +34,9 @@ MateResult CMateSearch::FindMate(const TChessboard& board) {
 }
 
 int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& children,
-                                      const std::uint8_t*& order) {
+                                      const TMoveIndex*& order) {
   const size_t slot = (board.ply / 2) * kMoveBufferSize;
+  assert(slot + kMoveBufferSize <= whiteChildren.size() && board.ply < whiteKillers.size());
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
   if (context.pHints != nullptr) {
@@ -84,7 +86,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     return mate::kMate;
   }
   TChessboard* children;
-  const std::uint8_t* order;
+  const TMoveIndex* order;
   const int n = OrderedWhiteChildren(board, children, order);
   TWhiteTally tally;
   if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 &&
@@ -228,6 +230,7 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   if (reply.promotion != 0 && reply.from == tally.matedPromotion.from &&
       reply.to == tally.matedPromotion.to)
     return std::nullopt;
+  assert(board.ply < line.size() && !board.IsWhiteToMove());
   TChessboard& child = line[board.ply];
   child = board;
   child.parent = &board;
@@ -258,6 +261,7 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
 }
 
 bool CMateSearch::MateInOne(const TChessboard& board) {
+  assert(board.IsWhiteToMove() && board.ply < line.size());
   TMove moves[kMoveBufferSize];
   const int n = attacks::CCheckFilter(board).GenerateCheckingMoves(moves);
   TChessboard& child = line[board.ply];

@@ -54,7 +54,7 @@ class CMateSearch {
   // Legal White successors of board in this thread's buffer for its ply, with the order
   // in which to search them.
   int OrderedWhiteChildren(const TChessboard& board, TChessboard*& children,
-                           const std::uint8_t*& order);
+                           const TMoveIndex*& order);
 
  private:
   bool MateInOne(const TChessboard& board);
@@ -85,7 +85,7 @@ class CMateSearch {
   SearchContext& context;
   std::vector<TChessboard> line;           // Black's successors: line[ply]
   std::vector<TChessboard> whiteChildren;  // White's successors, kMoveBufferSize per ply
-  std::vector<std::uint8_t> whiteOrder;    // their search order, kMoveBufferSize per ply
+  std::vector<TMoveIndex> whiteOrder;      // their search order, kMoveBufferSize per ply
   std::vector<std::uint16_t> repetitionMarks;
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};

@@ -1,7 +1,6 @@
 #include "engine/MoveOrdering.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
@@ -50,15 +49,20 @@ int MakeKeyedWhiteChildren(const TChessboard& board, TChessboard* children, TMov
 // in ascending count, generation order among equals.
 void SortByWhiteAnswers(const TChessboard& board, TMove* moves, int n) {
   if (n < 2) return;
-  std::pair<int, TMove> keyed[kMoveBufferSize];
+  struct TKeyedMove {
+    int nAnswers;
+    TMove move;
+  };
+  TKeyedMove keyed[kMoveBufferSize];  // not cleared: only the first n are written and read
   for (int i = 0; i < n; ++i) keyed[i] = {WhiteAnswerCount(board, moves[i]), moves[i]};
-  std::stable_sort(keyed, keyed + n,
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (int i = 0; i < n; ++i) moves[i] = keyed[i].second;
+  std::stable_sort(keyed, keyed + n, [](const TKeyedMove& a, const TKeyedMove& b) {
+    return a.nAnswers < b.nAnswers;
+  });
+  for (int i = 0; i < n; ++i) moves[i] = keyed[i].move;
 }
 }  // namespace
 
-int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMoveIndex* order,
                              TMove killer) {
   int groupOf[kMoveBufferSize];
   const int n = MakeKeyedWhiteChildren(board, children, killer, groupOf,
@@ -68,20 +72,20 @@ int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, st
   for (int i = 0; i < n; ++i) ++nInGroup[groupOf[i]];
   int start[kGroups] = {0};
   for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
-  for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<std::uint8_t>(i);
+  for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<TMoveIndex>(i);
   return n;
 }
 
-int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, TMoveIndex* order,
                             TMove killer, const CWhiteMoveHints& hints, std::uint16_t moveNumber) {
   int keyOf[kMoveBufferSize];
   const int n = MakeKeyedWhiteChildren(board, children, killer, keyOf,
                                        [&](TMove move, const TChessboard& child) {
                                          return hints.Band(board, move, child, moveNumber);
                                        });
-  for (int i = 0; i < n; ++i) order[i] = static_cast<std::uint8_t>(i);
+  for (int i = 0; i < n; ++i) order[i] = static_cast<TMoveIndex>(i);
   std::stable_sort(order, order + n,
-                   [&](std::uint8_t a, std::uint8_t b) { return keyOf[a] < keyOf[b]; });
+                   [&](TMoveIndex a, TMoveIndex b) { return keyOf[a] < keyOf[b]; });
   return n;
 }
 

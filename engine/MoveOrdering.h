@@ -11,11 +11,11 @@ namespace ordering {
 // count; order receives the indexes of the children in the order to search them, so that
 // proofs come early: the killer first, then checks, then captures and promotions, then the
 // rest, generation order within each group.
-int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, TMoveIndex* order,
                              TMove killer);
 // The same children, with the problem's hints for White's moveNumber-th move deciding first
 // (see CWhiteMoveHints) and the groups above ordering each band.
-int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, TMoveIndex* order,
                             TMove killer, const CWhiteMoveHints& hints, std::uint16_t moveNumber);
 
 // Orders Black's generated replies so that refutations come early and cheap: checks first

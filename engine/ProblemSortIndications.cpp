@@ -15,9 +15,9 @@ TSortIndications MainVariant(const TProblem& problem) {
   std::vector<TChessboard> line(problem.start.ply + 1u);
   TChessboard start = problem.start;
   start.parent = nullptr;
-  start.line = line.data();
   std::vector<const TChessboard*> reached;
-  for (const TChessboard* p = notation::ReadMoveSequence(start, problem.variants.front());
+  for (const TChessboard* p =
+           notation::ReadMoveSequence(start, problem.variants.front(), line).last;
        p != &start; p = p->parent)
     reached.push_back(p);
   std::reverse(reached.begin(), reached.end());

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/CastlingRule.h"
 #include "core/MoveGeneration.h"
 
 namespace registerkey {
@@ -20,10 +21,9 @@ constexpr std::array<std::uint8_t, 256> BuildNibbles() {
 constexpr std::array<std::uint8_t, 256> kNibbles = BuildNibbles();
 
 bool MayCastle(const TChessboard& board) {
-  return (board.squares[4] == piece::kWhiteKing &&
-          (board.squares[0] == piece::kWhiteRook || board.squares[7] == piece::kWhiteRook)) ||
-         (board.squares[60] == piece::kBlackKing &&
-          (board.squares[56] == piece::kBlackRook || board.squares[63] == piece::kBlackRook));
+  for (const TCastlingRule& rule : castling::kRules)
+    if (rule.PiecesAtHome(board.squares)) return true;
+  return false;
 }
 
 }  // namespace
@@ -40,17 +40,7 @@ TChessboardRegisterItem Build(const TChessboard& board) {
 }
 
 bool HasEnPassantRight(const TChessboard& board) {
-  if (board.parent == nullptr) return false;
-  const TMove last = board.lastMove;
-  const PieceCode moved = board.squares[last.to];
-  if (piece::TypeOf(moved) != piece::kPawn) return false;
-  const int distance = last.to > last.from ? last.to - last.from : last.from - last.to;
-  if (distance != 16) return false;
-  const PieceCode takerPawn =
-      (piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn;
-  const int file = square::File(last.to);
-  return (file > 0 && board.squares[last.to - 1] == takerPawn) ||
-         (file < 7 && board.squares[last.to + 1] == takerPawn);
+  return movegen::EnPassantTarget(board) != square::kNone;
 }
 
 }  // namespace registerkey

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "core/CastlingRule.h"
 #include "engine/RegisterKey.h"
 
 namespace repetition {
@@ -13,9 +14,7 @@ bool IsIrreversible(const TChessboard& board) {
   const TMove m = board.lastMove;
   if (m.promotion != 0 || piece::TypeOf(board.squares[m.to]) == piece::kPawn) return true;
   if (board.parent->squares[m.to] != piece::kEmpty) return true;
-  constexpr std::uint64_t kCastlingHomes =
-      (1ULL << 0) | (1ULL << 4) | (1ULL << 7) | (1ULL << 56) | (1ULL << 60) | (1ULL << 63);
-  return ((kCastlingHomes >> m.from) & 1) || ((kCastlingHomes >> m.to) & 1);
+  return ((castling::kHomeSquares >> m.from) & 1) || ((castling::kHomeSquares >> m.to) & 1);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
     if (nThreads > 1 && bShareFirstMoves) searches.back()->SetSplitBoard(&splitBoard);
   }
   TChessboard* made;
-  const std::uint8_t* order;
+  const TMoveIndex* order;
   const int n = searches[0]->OrderedWhiteChildren(root, made, order);
   for (int i = 0; i < n; ++i) {
     tasks.push_back(std::make_unique<TRootTask>());

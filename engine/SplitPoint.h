@@ -44,7 +44,7 @@ struct TWhiteTally {
 // stack and takes moves from it too; it waits for its helpers before it returns.
 struct TSplitPoint {
   const TChessboard* children = nullptr;
-  const std::uint8_t* order = nullptr;
+  const TMoveIndex* order = nullptr;
   int n = 0;
   std::atomic<int> nNext{0};
   TAbandonLink abandon;  // set once a move mates; chained to the owner's own work

@@ -11,16 +11,16 @@
 #include "problems/SafeFile.h"
 #include "problems/TextTools.h"
 
-const char* const TProblemCollection::kNewFileTemplate =
-    "UTF-8\n"
-    "1 #2\n"
-    "{\n"
-    "\tDesc: Click here to change problem description\n"
-    "\tWhite: Ke1\n"
-    "\tBlack: Ke8\n"
-    "}\n";
-
 namespace {
+
+constexpr TTextTwins kNewFileDescription{"Kliknij, aby zmienić opis problemu",
+                                         "Click here to change problem description",
+                                         "Натисніть, щоб змінити опис задачі"};
+constexpr TTextTwins kFile{"Plik ", "File ", "Файл "};
+constexpr TTextTwins kReplaceIt{" już istnieje.\nCzy chcesz go zastąpić nowym plikiem?",
+                                " already exists.\nDo you want to replace it with a new file?",
+                                " вже існує.\nБажаєте замінити його новим файлом?"};
+constexpr TTextTwins kQuestion{"Pytanie", "Question", "Питання"};
 
 // Where the problems begin: behind a byte-order mark, blanks and the word "UTF-8".
 std::size_t SkipFileHeader(std::string_view text) {
@@ -41,7 +41,8 @@ std::optional<TFileError> TProblemCollection::ReadFile(const std::string& path,
                                                        const TReadOptions& options) {
   std::error_code error;
   if (options.bCreateIfMissing && !std::filesystem::exists(path, error)) {
-    if (auto failure = WriteNewFile(path)) return TFileError{path, 0, 0, *failure};
+    if (auto failure = WriteNewFile(path, options.nLanguageId))
+      return TFileError{path, 0, 0, *failure};
   }
   std::ifstream file(path, std::ios::binary);
   // A folder opens like a file on some systems but has no text to read.
@@ -50,12 +51,12 @@ std::optional<TFileError> TProblemCollection::ReadFile(const std::string& path,
   }
   std::ostringstream content;
   content << file.rdbuf();
-  return ReadText(content.str(), path, options.log);
+  return ReadText(content.str(), path, options);
 }
 
 std::optional<TFileError> TProblemCollection::ReadText(std::string_view text,
                                                        const std::string& fileName,
-                                                       const TLogSink& log) {
+                                                       const TReadOptions& options) {
   std::size_t pos = SkipFileHeader(text);
   TDefaultClauses defaults;
   try {
@@ -67,12 +68,16 @@ std::optional<TFileError> TProblemCollection::ReadText(std::string_view text,
   CLexer lexer(text, pos);
   try {
     while (!lexer.AtEnd()) {
-      std::unique_ptr<TProblem> problem = CProblemReader(lexer, defaults).Read();
-      const int id = problem->id;
+      std::unique_ptr<TProblem> problem =
+          CProblemReader(lexer, defaults, options.nLanguageId).Read();
+      const TProblem& read = *problem;
+      const int id = read.id;
       if (Put(std::move(problem))) {
-        Log(log, "WARINING: Problem id=" + std::to_string(id) + " redefinition - overwriting.\n");
+        Log(options.log,
+            "WARINING: Problem id=" + std::to_string(id) + " redefinition - overwriting.\n");
       }
-      Log(log, "Problem " + std::to_string(id) + " read from file.\n");
+      Log(options.log, "Problem " + std::to_string(id) + " read from file.\n");
+      if (options.note) options.note(read, read.Notes(options.nLanguageId));
     }
   } catch (const ProblemSyntaxError& e) {
     return TFileError::At(fileName, text, e.Offset(), e.what());
@@ -93,8 +98,22 @@ std::optional<std::string> TProblemCollection::WriteFile(const std::string& path
   return safefile::Save(path, WriteText());
 }
 
-std::optional<std::string> TProblemCollection::WriteNewFile(const std::string& path) {
-  return safefile::Save(path, kNewFileTemplate);
+std::string TProblemCollection::NewFileTemplate(int nLanguageId) {
+  return std::string("UTF-8\n1 #2\n{\n\tDesc: ") + PickText(nLanguageId, kNewFileDescription) +
+         "\n\tWhite: Ke1\n\tBlack: Ke8\n}\n";
+}
+
+std::string TProblemCollection::NewFileQuestion(const std::string& path, int nLanguageId) {
+  return PickText(nLanguageId, kFile) + path + PickText(nLanguageId, kReplaceIt);
+}
+
+const char* TProblemCollection::QuestionTitle(int nLanguageId) {
+  return PickText(nLanguageId, kQuestion);
+}
+
+std::optional<std::string> TProblemCollection::WriteNewFile(const std::string& path,
+                                                            int nLanguageId) {
+  return safefile::Save(path, NewFileTemplate(nLanguageId));
 }
 
 bool TProblemCollection::Put(std::unique_ptr<TProblem> problem) {

@@ -6,12 +6,17 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "core/TextTwins.h"
 #include "problems/Problem.h"
 #include "problems/ProblemFileError.h"
 
 // Where the reading of a file reports each problem read and each redefined id.
 using TLogSink = std::function<void(const std::string&)>;
+// Where it reports, for every problem read, what a user should know about it (TProblem::Notes,
+// often nothing); a problem that replaces another of its id is reported again.
+using TNoteSink = std::function<void(const TProblem&, const std::vector<std::string>&)>;
 
 // The problems of one file by id. Iteration, and so writing, is in ascending id order
 // whatever the order of the file read.
@@ -21,12 +26,18 @@ class TProblemCollection {
 
   static constexpr const char* kUserFileName = "myChessProblems.cp";
   static constexpr const char* kSampleFileName = "sample_problems.cp";
-  // The one problem of a new file: a mate in 2 with the two kings only.
-  static const char* const kNewFileTemplate;
+  // The one problem of a new file: a mate in 2 with the two kings only, its description in
+  // the interface language.
+  static std::string NewFileTemplate(int nLanguageId);
+  // What to ask before a new file replaces the file at path, and the title of the question.
+  static std::string NewFileQuestion(const std::string& path, int nLanguageId);
+  static const char* QuestionTitle(int nLanguageId);
 
   struct TReadOptions {
     bool bCreateIfMissing = false;  // write the new-file template where no file exists
-    TLogSink log;
+    TLogSink log = nullptr;
+    TNoteSink note = nullptr;
+    int nLanguageId = kEnglishLanguageId;  // of the texts with a translation
   };
 
   // Reads every problem of the file into the collection, replacing problems of the same
@@ -35,13 +46,16 @@ class TProblemCollection {
   std::optional<TFileError> ReadFile(const std::string& path, const TReadOptions& options);
   // The same for a text already in memory; fileName names it in errors.
   std::optional<TFileError> ReadText(std::string_view text, const std::string& fileName,
-                                     const TLogSink& log = nullptr);
+                                     const TReadOptions& options);
+  std::optional<TFileError> ReadText(std::string_view text, const std::string& fileName) {
+    return ReadText(text, fileName, TReadOptions());
+  }
   // The canonical text of the whole collection.
   std::string WriteText() const;
   // Saves the canonical text safely; returns the error text on failure.
   std::optional<std::string> WriteFile(const std::string& path) const;
   // Writes the new-file template to path (safely); returns the error text on failure.
-  static std::optional<std::string> WriteNewFile(const std::string& path);
+  static std::optional<std::string> WriteNewFile(const std::string& path, int nLanguageId);
 
   // Adds the problem; returns whether it replaced one with the same id.
   bool Put(std::unique_ptr<TProblem> problem);

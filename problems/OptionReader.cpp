@@ -123,9 +123,10 @@ bool ReadValueOption(CLexer& lexer, TProblem& problem, std::string_view word) {
   return true;
 }
 
-void AddSortIndications(TProblem& problem, const TToken& token) {
+void AddSortIndications(TProblem& problem, const TToken& token, int nLanguageId) {
   try {
-    for (auto& [number, elements] : sortindication::ParseList(std::string(token.text))) {
+    for (auto& [number, elements] :
+         sortindication::ParseList(std::string(token.text), nLanguageId)) {
       auto& list = problem.sortIndications[number];
       list.insert(list.end(), elements.begin(), elements.end());
     }
@@ -134,7 +135,7 @@ void AddSortIndications(TProblem& problem, const TToken& token) {
   }
 }
 
-void ReadDirective(CLexer& lexer, TProblem& problem, const TToken& token) {
+void ReadDirective(CLexer& lexer, TProblem& problem, const TToken& token, int nLanguageId) {
   switch (token.kind) {
     case TTokenKind::kTagsHeader:
       while (lexer.Peek().kind == TTokenKind::kTag) {
@@ -148,7 +149,7 @@ void ReadDirective(CLexer& lexer, TProblem& problem, const TToken& token) {
       if (lexer.Peek().kind == TTokenKind::kVariantsEnd) lexer.Next();
       break;
     case TTokenKind::kSortIndications:
-      AddSortIndications(problem, token);
+      AddSortIndications(problem, token, nLanguageId);
       break;
     default:
       break;  // a member line outside its block is an ordinary comment
@@ -157,12 +158,12 @@ void ReadDirective(CLexer& lexer, TProblem& problem, const TToken& token) {
 
 }  // namespace
 
-void ReadUpToBody(CLexer& lexer, TProblem& problem) {
+void ReadUpToBody(CLexer& lexer, TProblem& problem, int nLanguageId) {
   for (;;) {
     const TToken token = lexer.NextRequired();
     if (token.IsSymbol('{')) return;
     if (token.IsDirective()) {
-      ReadDirective(lexer, problem, token);
+      ReadDirective(lexer, problem, token, nLanguageId);
       continue;
     }
     if (token.kind != TTokenKind::kWord) FailAt(token.offset, "Opening bracket expected.");

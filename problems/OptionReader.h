@@ -5,7 +5,8 @@
 namespace optionreader {
 
 // Reads the options and directive comments of a problem header up to and including
-// the opening brace of its body. Throws ProblemSyntaxError.
-void ReadUpToBody(CLexer& lexer, TProblem& problem);
+// the opening brace of its body. Throws ProblemSyntaxError, with the texts of sort
+// indications in the interface language.
+void ReadUpToBody(CLexer& lexer, TProblem& problem, int nLanguageId);
 
 }  // namespace optionreader

@@ -4,6 +4,7 @@
 
 #include "core/Fen.h"
 #include "core/PieceLetters.h"
+#include "core/TextTwins.h"
 #include "problems/ProblemFileError.h"
 #include "problems/TextTools.h"
 
@@ -15,11 +16,15 @@ void ExpectColon(CLexer& lexer, const char* error) {
   if (!token.IsSymbol(':')) FailAt(token.offset, error);
 }
 
-[[noreturn]] void FailInvalidBoard(std::size_t offset, const std::exception& e) {
-  FailAt(offset, std::string("Invalid chessboard definition: ") + e.what());
+constexpr TTextTwins kInvalidBoard{
+    "Niepoprawny opis szachownicy: ", "Invalid chessboard definition: ",
+    "Неправильний опис шахівниці: "};
+
+[[noreturn]] void FailInvalidBoard(std::size_t offset, const std::exception& e, int nLanguageId) {
+  FailAt(offset, PickText(nLanguageId, kInvalidBoard) + std::string(e.what()));
 }
 
-void ReadFen(CLexer& lexer, TChessboard& board) {
+void ReadFen(CLexer& lexer, TChessboard& board, int nLanguageId) {
   ExpectColon(lexer, "Colon ':' expected after FEN identifier.");
   const std::string_view trimmed = text::Trim(lexer.RestOfCodeLine());
   const std::size_t offset = static_cast<std::size_t>(trimmed.data() - lexer.Source().data());
@@ -28,7 +33,7 @@ void ReadFen(CLexer& lexer, TChessboard& board) {
   try {
     bRead = fen::ReadFen(board, fenText);
   } catch (const ChessException& e) {
-    FailInvalidBoard(offset, e);
+    FailInvalidBoard(offset, e, nLanguageId);
   }
   if (!bRead) FailAt(offset, "Improper FEN code");
 }
@@ -43,7 +48,8 @@ void ReadPieces(CLexer& lexer, TChessboard& board, bool bWhite) {
     if (pieceText.size() != 2 && pieceText.size() != 3) {
       FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }
-    const PieceCode type = pieceText.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(pieceText[0]);
+    const PieceCode type =
+        pieceText.size() == 2 ? piece::kPawn : letters::FindTypeOfMoveLetter(pieceText[0]);
     if (type == piece::kEmpty) {
       FailAt(token.offset, side + " figure specification is invalid: " + std::string(pieceText));
     }
@@ -59,7 +65,7 @@ void ReadPieces(CLexer& lexer, TChessboard& board, bool bWhite) {
   } while (lexer.Accept(','));
 }
 
-void ReadPieceLists(CLexer& lexer, TChessboard& board) {
+void ReadPieceLists(CLexer& lexer, TChessboard& board, int nLanguageId) {
   ExpectColon(lexer, "Colon ':' expected after white figures identifier.");
   ReadPieces(lexer, board, true);
   const TToken black = lexer.NextRequired();
@@ -71,20 +77,20 @@ void ReadPieceLists(CLexer& lexer, TChessboard& board) {
   try {
     Analyse(board, true);
   } catch (const ChessException& e) {
-    FailInvalidBoard(black.offset, e);
+    FailInvalidBoard(black.offset, e, nLanguageId);
   }
 }
 
 }  // namespace
 
-void Read(CLexer& lexer, TProblem& problem) {
+void Read(CLexer& lexer, TProblem& problem, int nLanguageId) {
   TChessboard board;
   ClearChessboard(board);
   const TToken token = lexer.NextRequired();
   if (token.IsWord({"FEN"})) {
-    ReadFen(lexer, board);
+    ReadFen(lexer, board, nLanguageId);
   } else if (token.IsWord({"W", "WH", "WHITE"})) {
-    ReadPieceLists(lexer, board);
+    ReadPieceLists(lexer, board, nLanguageId);
   } else {
     FailAt(token.offset, "White figures identifier expected (W, WH or WHITE).");
   }

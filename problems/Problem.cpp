@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/Fen.h"
+
 TStipulation TStipulation::DirectMate(int nMoves) {
   return TStipulation{kDirectMate, static_cast<std::uint16_t>(2 * nMoves - 1)};
 }
@@ -42,9 +44,8 @@ void TProblem::SetStipulation(const TStipulation& value) {
 void TProblem::ResetLine() {
   start.ply = start.rootPlies = stipulation.plies;
   start.parent = nullptr;
-  start.context = nullptr;
-  start.line = line.data();
   current = &start;
+  unreadMoveLine.clear();
 }
 
 std::vector<TMove> TProblem::MoveLine() const {
@@ -54,6 +55,12 @@ std::vector<TMove> TProblem::MoveLine() const {
   }
   std::reverse(moves.begin(), moves.end());
   return moves;
+}
+
+std::vector<std::string> TProblem::Notes(int nLanguageId) const {
+  std::vector<std::string> notes;
+  if (fen::NeedsMaterialWarning(start)) notes.emplace_back(fen::MaterialWarningText(nLanguageId));
+  return notes;
 }
 
 int TProblem::PieceCount() const {

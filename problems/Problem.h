@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -49,11 +50,10 @@ constexpr std::uint16_t kRequiresSyzygy = 0x2000;
 constexpr std::uint16_t kAllSolutionsRequiresSyzygy = 0x4000;
 }  // namespace option
 
-// One problem of a collection. The start position owns a line of positions in
-// which the move line (and later the search) builds successors: the successor of
-// a position with p plies left lives in line[p]. Because the positions point
-// into the problem, a problem is neither copied nor moved; collections hold it
-// through a pointer.
+// One problem of a collection. The problem owns a line of positions in which the move
+// line builds successors: the successor of a position with p plies left lives in line[p].
+// Because the positions point into the problem, a problem is neither copied nor moved;
+// collections hold it through a pointer.
 struct TProblem {
   static constexpr std::uint8_t kThreadsNotGiven = 255;
 
@@ -61,6 +61,8 @@ struct TProblem {
   int id = 0;
   TChessboard start;
   const TChessboard* current = &start;  // end of the move line, or the start
+  // The text of the move line from the first move that could not be made, kept verbatim.
+  std::string unreadMoveLine;
   std::vector<TMove> answer;
   std::uint16_t options = 0;
   std::uint8_t nThreads = kThreadsNotGiven;
@@ -90,11 +92,18 @@ struct TProblem {
   // Sets the stipulation and gives the start position its ply values and a
   // fresh line long enough for every successor; drops any move line.
   void SetStipulation(const TStipulation& value);
-  // Links the start position to the line after its squares were replaced.
+  // Gives the start position its ply values and drops the move line, after its squares were
+  // replaced.
   void ResetLine();
+  // Where the successors of the move line go: the successor of a position with p plies left
+  // is line[p].
+  std::span<TChessboard> Line() { return line; }
   // The moves from the start to the current position, in order.
   std::vector<TMove> MoveLine() const;
   int PieceCount() const;
+  // What a user should know about the problem before solving it (an over-full board), in the
+  // interface language.
+  std::vector<std::string> Notes(int nLanguageId) const;
 
  private:
   std::vector<TChessboard> line;

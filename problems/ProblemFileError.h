@@ -9,8 +9,7 @@
 // turns the offset into a line and a column.
 class ProblemSyntaxError : public ChessException {
  public:
-  ProblemSyntaxError(const std::string& text, std::size_t at)
-      : ChessException(text), offset(at) {}
+  ProblemSyntaxError(const std::string& text, std::size_t at) : ChessException(text), offset(at) {}
   std::size_t Offset() const { return offset; }
 
  private:

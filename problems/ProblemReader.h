@@ -10,8 +10,9 @@
 // move line and answers. Every error throws ProblemSyntaxError with its text and offset.
 class CProblemReader {
  public:
-  CProblemReader(CLexer& source, const TDefaultClauses& fileDefaults)
-      : lexer(source), defaults(fileDefaults) {}
+  // Error texts with a translation follow the interface language.
+  CProblemReader(CLexer& source, const TDefaultClauses& fileDefaults, int nLanguage)
+      : lexer(source), defaults(fileDefaults), nLanguageId(nLanguage) {}
 
   std::unique_ptr<TProblem> Read();
 
@@ -22,4 +23,5 @@ class CProblemReader {
 
   CLexer& lexer;
   const TDefaultClauses& defaults;
+  int nLanguageId;
 };

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
+#include "core/PieceLetters.h"
 #include "problems/SortIndication.h"
+#include "problems/TextTools.h"
 
 namespace problemwriter {
 namespace {
@@ -90,6 +93,30 @@ std::string MoveLineText(const TProblem& p) {
   return text;
 }
 
+// Whether the answer reader gives move back for text: a known piece letter in front, if any,
+// and the same squares and promotion for the side to move.
+bool ReadsBackAsAnswer(const std::string& text, TMove move, bool bWhite) {
+  if (text.size() > 1 && text::IsLetter(text[1]) &&
+      letters::FindTypeOfMoveLetter(text[0]) == piece::kEmpty)
+    return false;
+  try {
+    return notation::FullDescriptionToMove(text, bWhite).SameMove(move);
+  } catch (const ChessException&) {
+    return false;
+  }
+}
+
+// An answer in the long notation of the diagram ("Qd1:d8", "0-0") when that reads back as the
+// same move; the diagram need not hold what the answer names (an empty d1, no king on e1, a
+// castling of the other side, a promotion to a pawn), and then the squares alone are written.
+std::string AnswerText(const TChessboard& start, TMove move) {
+  const std::string text = notation::MoveToText(start, move);
+  if (ReadsBackAsAnswer(text, move, start.IsWhiteToMove())) return text;
+  std::string squares = notation::SquareToText(move.from) + "-" + notation::SquareToText(move.to);
+  if (move.promotion != piece::kEmpty) squares += letters::TypeToLetter(move.promotion);
+  return squares;
+}
+
 void AppendBody(std::string& out, const TProblem& p) {
   out += "{\n";
   if (!p.description.empty()) out += "\tDescription: " + OneLine(p.description) + "\n";
@@ -98,12 +125,15 @@ void AppendBody(std::string& out, const TProblem& p) {
     out += "\tAnswer: ";
     for (std::size_t i = 0; i < p.answer.size(); ++i) {
       if (i > 0) out += ", ";
-      out += " " + notation::MoveToText(p.start, p.answer[i]);
+      out += " " + AnswerText(p.start, p.answer[i]);
     }
     out += '\n';
   }
-  if (p.stipulation.type == TStipulation::kMoveLine && p.current != &p.start) {
-    out += "   Moves:    " + MoveLineText(p) + "\n";
+  if (p.stipulation.type == TStipulation::kMoveLine &&
+      (p.current != &p.start || !p.unreadMoveLine.empty())) {
+    const std::string made = MoveLineText(p);
+    const char* between = made.empty() || p.unreadMoveLine.empty() ? "" : " ";
+    out += "   Moves:    " + made + between + p.unreadMoveLine + "\n";
   }
   out += "}\n";
 }

@@ -9,11 +9,14 @@
 namespace sortindication {
 namespace {
 
-constexpr SquareIndex kE1 = 4, kC1 = 2, kG1 = 6;
+constexpr TTextTwins kInvalidElement{
+    "Niepoprawny opis SortIndication: ", "Invalid description of SortIndication: ",
+    "Неправильний опис SortIndication: "};
 
 class CElementParser {
  public:
-  explicit CElementParser(const std::string& text) : whole(text), rest(text::Trim(text)) {}
+  CElementParser(const std::string& text, int nLanguage)
+      : whole(text), rest(text::Trim(text)), nLanguageId(nLanguage) {}
 
   TSortIndication Parse() {
     ReadCheckSuffix();
@@ -44,7 +47,7 @@ class CElementParser {
 
  private:
   [[noreturn]] void Fail() const {
-    throw ChessException("Invalid description of SortIndication: " + whole);
+    throw ChessException(PickText(nLanguageId, kInvalidElement) + whole);
   }
 
   void ReadCheckSuffix() {
@@ -77,13 +80,13 @@ class CElementParser {
 
   void ReadCastling() {
     if (rest == "0-0-0") {
-      element.to = kC1;
+      element.to = square::kC1;
     } else if (rest == "0-0") {
-      element.to = kG1;
+      element.to = square::kG1;
     } else {
       Fail();
     }
-    element.from = kE1;
+    element.from = square::kE1;
     element.captureMode = TSortIndication::kNoCapture;
   }
 
@@ -113,21 +116,22 @@ class CElementParser {
 
   const std::string& whole;
   std::string_view rest;
+  int nLanguageId;
   TSortIndication element;
 };
 
 bool IsCastling(const TSortIndication& e) {
-  return e.piece == 0 && e.from == kE1 && (e.to == kG1 || e.to == kC1) &&
+  return e.piece == 0 && e.from == square::kE1 && (e.to == square::kG1 || e.to == square::kC1) &&
          e.captureMode == TSortIndication::kNoCapture && e.promotion == 0;
 }
 
 }  // namespace
 
-TSortIndication Parse(const std::string& text) {
-  return CElementParser(text).Parse();
+TSortIndication Parse(const std::string& text, int nLanguageId) {
+  return CElementParser(text, nLanguageId).Parse();
 }
 
-TSortIndications ParseList(const std::string& text) {
+TSortIndications ParseList(const std::string& text, int nLanguageId) {
   const char separator = text.find(',') != std::string::npos ? ',' : ';';
   TSortIndications list;
   std::size_t begin = 0;
@@ -136,7 +140,7 @@ TSortIndications ParseList(const std::string& text) {
     if (end == std::string::npos) end = text.size();
     const std::string piece(text::Trim(std::string_view(text).substr(begin, end - begin)));
     if (!piece.empty()) {
-      const TSortIndication element = Parse(piece);
+      const TSortIndication element = Parse(piece, nLanguageId);
       list[element.moveNumber].push_back(element);
     }
     begin = end + 1;
@@ -148,7 +152,7 @@ std::string Render(const TSortIndication& e) {
   std::string out = e.bNegated ? "~" : "";
   if (e.moveNumber != 0) out += std::to_string(e.moveNumber) + ". ";
   if (IsCastling(e)) {
-    out += e.to == kG1 ? "0-0" : "0-0-0";
+    out += e.to == square::kG1 ? "0-0" : "0-0-0";
   } else {
     if (e.piece != 0) out += letters::TypeToLetter(e.piece);
     if (e.from != square::kNone) out += text::SquareText(e.from);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/PieceCode.h"
+#include "core/TextTwins.h"
 
 // A hint about a white move that the search should try first (or, negated, not want):
 // "[~] [n.] [F] f1 [- | : | >] f2 [Q] [+ | ++]", for instance "2. Qd1:d7+".
@@ -30,10 +31,11 @@ using TSortIndications = std::map<std::uint16_t, std::vector<TSortIndication>>;
 
 namespace sortindication {
 
-// Throws ChessException "Invalid description of SortIndication: " + text.
-TSortIndication Parse(const std::string& text);
+// Throws ChessException "Invalid description of SortIndication: " + text, in the interface
+// language (0 Polish, 2 Ukrainian, else English).
+TSortIndication Parse(const std::string& text, int nLanguageId = kEnglishLanguageId);
 // Splits at commas when there is one, otherwise at semicolons; blank pieces are skipped.
-TSortIndications ParseList(const std::string& text);
+TSortIndications ParseList(const std::string& text, int nLanguageId = kEnglishLanguageId);
 std::string Render(const TSortIndication& element);
 // The elements in move-number order, separated by ", ".
 std::string RenderList(const TSortIndications& list);

@@ -7,6 +7,7 @@
 #include "FenBoard.h"
 #include "LinePosition.h"
 #include "TestData.h"
+#include "core/CastlingRule.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
 
@@ -76,8 +77,8 @@ TEST(Fen, ExtrasReportWhatTheTextClaims) {
   ClearChessboard(board);
   fen::TFenExtras extras;
   ASSERT_TRUE(fen::ReadFen(board, "r3k2r/8/8/8/8/8/8/R3K2R b Kq e3 0 1", &extras));
-  EXPECT_TRUE(extras.bBlackToMove && extras.bWhiteShort && extras.bBlackLong);
-  EXPECT_FALSE(extras.bWhiteLong || extras.bBlackShort);
+  EXPECT_TRUE(extras.bBlackToMove);
+  EXPECT_EQ(extras.castlingRights, castling::kWhiteShort | castling::kBlackLong);
   EXPECT_TRUE(extras.bEnPassantGiven);
   EXPECT_TRUE(fen::ExtrasDifferFromAssumed(board, extras));
 
@@ -89,6 +90,9 @@ TEST(Fen, ExtrasReportWhatTheTextClaims) {
                {"r3k2r/8/8/8/8/8/8/R3K2R", true},
                {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", false},
                {"4k3/8/8/8/8/8/8/4K3 w - e3 0 1", true},
+               // Fields part at the no-break space like at any blank.
+               {"r3k2r/8/8/8/8/8/8/R3K2R\xC2\xA0w\xC2\xA0KQkq - 0 1", false},
+               {"r3k2r/8/8/8/8/8/8/R3K2R\xC2\xA0w\xC2\xA0Kq - 0 1", true},
                {"1r2k3/8/8/8/8/8/8/4K2R w Kq - 0 1", true}};
   for (const auto& c : cases) {
     ASSERT_TRUE(fen::ReadFen(board, c.fen, &extras));

@@ -14,15 +14,14 @@ CLinePosition::CLinePosition(const std::string& fenText, int plies) {
   root.ply = static_cast<std::uint16_t>(2 * plies + (extras.bBlackToMove ? 2 : 1));
   root.rootPlies = root.ply;
   line.resize(root.ply + 1u);
-  root.line = line.data();
 }
 
 const TChessboard& CLinePosition::Play(const std::vector<std::string>& moves) {
   const TChessboard* current = &root;
   for (const auto& text : moves) {
-    const TChessboard* next = movemaking::IsMoveValid(*current, M(text.c_str()).Code())
-                                  ? &current->line[current->ply]
-                                  : nullptr;
+    TChessboard& slot = line[current->ply];
+    const TChessboard* next =
+        movemaking::IsMoveValid(*current, M(text.c_str()).Code(), slot) ? &slot : nullptr;
     EXPECT_NE(next, nullptr) << "illegal move " << text;
     if (next == nullptr) break;
     current = next;
@@ -30,12 +29,24 @@ const TChessboard& CLinePosition::Play(const std::vector<std::string>& moves) {
   return *current;
 }
 
-SquareIndex Sq(const char* name) { return square::Make(name[0] - 'a', name[1] - '1'); }
+SquareIndex Sq(const char* name) {
+  return square::Make(name[0] - 'a', name[1] - '1');
+}
 
 TMove M(const char* fromTo) {
   TMove move{Sq(fromTo), Sq(fromTo + 2), 0, 0};
   if (fromTo[4] != '\0') move.promotion = letters::TypeFromMoveLetter(fromTo[4]);
   return move;
+}
+
+std::string FromTo(TMove move) {
+  std::string text;
+  for (SquareIndex s : {move.from, move.to}) {
+    text += static_cast<char>('a' + square::File(s));
+    text += static_cast<char>('1' + square::Rank(s));
+  }
+  if (move.promotion) text += static_cast<char>(letters::TypeToLetter(move.promotion) | 0x20);
+  return text;
 }
 
 std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly) {
@@ -50,13 +61,7 @@ std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly) {
                                              : movemaking::MakeBlackMove(scratch, moves[i]);
       if (made <= 0) continue;
     }
-    std::string text;
-    for (SquareIndex s : {moves[i].from, moves[i].to}) {
-      text += static_cast<char>('a' + square::File(s));
-      text += static_cast<char>('1' + square::Rank(s));
-    }
-    if (moves[i].promotion) text += static_cast<char>(letters::TypeToLetter(moves[i].promotion) | 0x20);
-    texts.push_back(text);
+    texts.push_back(FromTo(moves[i]));
   }
   return texts;
 }

@@ -1,5 +1,6 @@
 #pragma once
-// A position read from FEN together with a position line, for tests that make moves.
+// A position read from FEN together with a line for its successors, for tests that make moves.
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ class CLinePosition {
   CLinePosition& operator=(const CLinePosition&) = delete;
 
   const TChessboard& Root() const { return root; }
+  // The successor of a position with p plies left goes to Line()[p].
+  std::span<TChessboard> Line() { return line; }
   // Makes "e2-e4"-style moves given as square pairs ("e2e4", promotion letter optional)
   // from the root; fails the test when one is illegal. Returns the last position.
   const TChessboard& Play(const std::vector<std::string>& moves);
@@ -24,6 +27,7 @@ class CLinePosition {
 };
 
 SquareIndex Sq(const char* name);
-TMove M(const char* fromTo);  // "e2e4" or "e7e8q"
+TMove M(const char* fromTo);     // "e2e4" or "e7e8q"
+std::string FromTo(TMove move);  // the inverse of M
 // The generated moves of the side to move, as "e2e4"-style texts, in generation order.
 std::vector<std::string> MoveTexts(const TChessboard& board, bool bLegalOnly);

@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
+#include "FenBoard.h"
 #include "LinePosition.h"
+#include "core/ChessException.h"
+#include "core/Fen.h"
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
+#include "core/Perft.h"
 
 namespace {
 
@@ -32,16 +36,18 @@ TEST_P(MoveRules, MoveIsGeneratedOnlyWhenTheRulesAllowIt) {
 }
 
 const TRuleCase kRuleCases[] = {
-    {"short castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
-    {"long castling", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
-    {"castling fields ignored", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"short castling", "3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", {}, "e1g1", true},
+    {"long castling", "3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", {}, "e1c1", true},
+    {"castling field cannot forbid", "3k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", true},
+    {"castling field cannot allow", "3k4/8/8/8/8/8/8/R3K1R1 w KQ - 0 1", {}, "e1g1", false},
+    {"black long castling", "r3k2r/8/8/8/8/8/8/1K6 b kq - 0 1", {}, "e8c8", true},
     {"through check", "3k1r2/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"into check", "3k2r1/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"b1 attacked allows long", "1r1k4/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", true},
     {"d1 attacked forbids long", "3r2k1/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1c1", false},
     {"in check", "1k2r3/8/8/8/8/8/8/R3K2R w - - 0 1", {}, "e1g1", false},
     {"blocked", "3k4/8/8/8/8/8/8/R3KB1R w - - 0 1", {}, "e1g1", false},
-    {"black short castling", "r3k2r/8/8/8/8/8/8/K7 b - - 0 1", {}, "e8g8", true},
+    {"black short castling", "r3k2r/8/8/8/8/8/8/1K6 b - - 0 1", {}, "e8g8", true},
     {"king walked away and back",
      "3k4/8/8/8/8/8/8/R3K2R w - - 0 1",
      {"e1f1", "d8c8", "f1e1", "c8d8"},
@@ -119,35 +125,74 @@ TEST(MoveOrder, BlackKingStepsBelowThenAboveThenBeside) {
       (std::vector<std::string>{"e5e4", "e5d4", "e5f4", "e5e6", "e5d6", "e5f6", "e5d5", "e5f5"}));
 }
 
-TEST(Evasions, DoubleCheckLeavesOnlyKingMoves) {
-  CLinePosition position("4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1");
-  ASSERT_EQ(position.Root().blackKingCheck, kDoubleCheck);
+// The evasions as "e8d8"-style texts, in generation order.
+std::vector<std::string> EvasionTexts(const TChessboard& board) {
   TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateEvasions(position.Root(), moves);
-  for (int i = 0; i < n; ++i) EXPECT_EQ(moves[i].from, Sq("e8"));
+  const int n = movegen::GenerateEvasions(board, moves);
+  std::vector<std::string> texts;
+  for (int i = 0; i < n; ++i) texts.push_back(FromTo(moves[i]));
+  return texts;
+}
+
+TEST(Evasions, KeepKingStepsAndOnlyTheMovesThatMeetASingleCheck) {
+  const struct {
+    const char* fen;
+    std::vector<std::string> expected;
+  } cases[] = {
+      // Bishop b5 and rook e1 both check: the rook a1 that could take e1 must stay, only the
+      // king's pseudo-legal steps remain.
+      {"4k3/8/8/1B6/8/8/8/r3R1K1 b - - 0 1", {"e8e7", "e8d7", "e8f7", "e8d8", "e8f8"}},
+      // The rook e1 alone checks: taking it and blocking the file are kept, a1-b1 is not.
+      {"4k3/8/8/8/8/8/8/r3R1K1 b - - 0 1", {"a1e1", "e8e7", "e8d7", "e8f7", "e8d8", "e8f8"}},
+  };
+  for (const auto& c : cases) {
+    CLinePosition position(c.fen);
+    EXPECT_EQ(EvasionTexts(position.Root()), c.expected) << c.fen;
+  }
 }
 
 TEST(MoveMaking, KeepsDerivedFieldsLikeAFreshAnalysis) {
   // Castling, en passant, promotion with capture, discovered and double checks.
   CLinePosition position("r3k2r/3p4/8/4P3/8/8/1p4B1/R3K2R w - - 0 1");
   const TChessboard& after = position.Play({"e1g1", "d7d5", "e5d6", "b2a1q", "g2f3", "e8c8"});
-  TChessboard fresh = after;
-  Analyse(fresh, false);
-  EXPECT_EQ(0, std::memcmp(after.nPieces, fresh.nPieces, sizeof fresh.nPieces));
-  EXPECT_EQ(after.whiteKingCheck, fresh.whiteKingCheck);
-  EXPECT_EQ(after.blackKingCheck, fresh.blackKingCheck);
-  EXPECT_EQ(after.bSimpleWhiteMaterial, fresh.bSimpleWhiteMaterial);
-  EXPECT_EQ(after.WhiteKing(), Sq("g1"));
-  EXPECT_EQ(after.BlackKing(), Sq("c8"));
-  EXPECT_EQ(after.squares[Sq("d8")], piece::kBlackRook);
-  EXPECT_EQ(after.squares[Sq("d5")], piece::kEmpty);
+  EXPECT_TRUE(IsConsistent(after));
+  EXPECT_EQ(fen::WriteShortFen(after), "2kr3r/8/3P4/8/8/5B2/8/q4RK1");
 }
 
-TEST(MoveMaking, NoMoveAtPlyZero) {
-  CLinePosition position("k7/8/8/8/8/8/8/K6R w - - 0 1", 0);
-  TChessboard board = position.Root();
+TEST(MoveMaking, ConsistencyCheckSeesEveryDamagedField) {
+  const TChessboard good = ReadBoard("4k3/8/8/8/8/8/4R3/B3K1N1");
+  ASSERT_TRUE(IsConsistent(good));
+  const struct {
+    const char* name;
+    void (*damage)(TChessboard&);
+  } cases[] = {
+      {"king square", [](TChessboard& b) { b.whiteKingFile = 3; }},
+      {"check value", [](TChessboard& b) { b.blackKingCheck = 52; }},
+      {"piece count", [](TChessboard& b) { ++b.nPieces[kWhiteRooks]; }},
+      {"simple material", [](TChessboard& b) { b.bSimpleWhiteMaterial = 0; }},
+      {"rook slot", [](TChessboard& b) { b.whiteRookSquares[0] = 13; }},
+      {"bishop slot", [](TChessboard& b) { b.whiteBishopSquares[1] = 9; }},
+      {"knight slot", [](TChessboard& b) { b.whiteKnightSquares[0] = square::kNone; }},
+      {"squares", [](TChessboard& b) { b.squares[square::kE1] = piece::kEmpty; }},
+  };
+  for (const auto& c : cases) {
+    TChessboard board = good;
+    c.damage(board);
+    EXPECT_FALSE(IsConsistent(board)) << c.name;
+  }
+}
+
+TEST(MoveMaking, NoMoveAtPlyZeroNorWithTheKingNotToMoveInCheck) {
+  TChessboard successor;
+  TChessboard board = ReadBoard("k7/8/8/8/8/8/8/K6R");
+  ASSERT_TRUE(movemaking::IsMoveValid(board, M("h1h2").Code(), successor));
   board.ply = 0;
-  EXPECT_FALSE(movemaking::IsMoveValid(board, M("h1h2").Code()));
+  EXPECT_FALSE(movemaking::IsMoveValid(board, M("h1h2").Code(), successor));
+  // Black to move while White's king is attacked: the rook could take it.
+  const TChessboard over = ReadBoard("k7/8/8/8/8/8/8/K6r", 2);
+  EXPECT_FALSE(movemaking::IsMoveValid(over, M("h1a1").Code(), successor));
+  EXPECT_FALSE(movemaking::IsMoveValid(over, M("a8b8").Code(), successor));
+  EXPECT_THROW(perft::CPerftPosition("k7/8/8/8/8/8/8/K6r b - - 0 1", 1), ChessException);
 }
 
 }  // namespace

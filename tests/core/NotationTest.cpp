@@ -108,7 +108,8 @@ TEST(Notation, MakeMoveChecksTheShapeBeforeTheRules) {
   };
   for (const auto& c : cases) {
     CLinePosition position(c.fen);
-    const TChessboard* successor = notation::MakeMove(position.Root(), c.text);
+    TChessboard slot;
+    const TChessboard* successor = notation::MakeMove(position.Root(), c.text, slot);
     if (c.after == nullptr) {
       EXPECT_EQ(successor, nullptr) << c.fen << " " << c.text;
     } else if (successor == nullptr) {
@@ -131,7 +132,8 @@ TEST(Notation, MakeMoveRaisesForWellFormedIllegalMoves) {
   };
   for (const auto& c : cases) {
     CLinePosition position(c.fen);
-    EXPECT_THAT([&] { notation::MakeMove(position.Root(), c.text); },
+    TChessboard slot;
+    EXPECT_THAT([&] { notation::MakeMove(position.Root(), c.text, slot); },
                 ThrowsMessage<ChessException>(
                     StrEq(std::string("Invalid move in MakeMove() : ") + c.text)));
   }
@@ -141,37 +143,57 @@ TEST(Notation, MakeMoveReportsTheMadeMoveAndNeedsPliesLeft) {
   CLinePosition position("4k3/8/8/8/8/8/4P3/4K3 w - - 0 1");
   std::uint32_t reported = 0;
   int extra = 0;
+  TChessboard slot;
   const TChessboard* successor =
-      notation::MakeMove(position.Root(), "e2-e4", [&](std::uint32_t code, int value) {
+      notation::MakeMove(position.Root(), "e2-e4", slot, [&](std::uint32_t code, int value) {
         reported = code;
         extra = value;
       });
-  ASSERT_NE(successor, nullptr);
-  EXPECT_EQ(successor, &position.Root().line[position.Root().ply]);
+  EXPECT_EQ(successor, &slot);
   EXPECT_EQ(reported, M("e2e4").Code());
   EXPECT_EQ(extra, -1);
 
   TChessboard finished = position.Root();
   finished.ply = 0;
-  EXPECT_EQ(notation::MakeMove(finished, "e2-e4"), nullptr);
+  EXPECT_EQ(notation::MakeMove(finished, "e2-e4", slot), nullptr);
 }
 
-TEST(Notation, MoveSequencesStopAtTheFirstRefusedMove) {
+TEST(Notation, MoveSequencesStopAtTheFirstRefusedMoveAndTellWhatIsLeft) {
   const struct {
     const char* text;
     int nMade;
     const char* after;
+    const char* rest;
   } cases[] = {
-      {"1. e2-e4 e7-e5 2. Ng1-f3", 3, "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R"},
-      {"1.\te2-e4 2. Ng1-f3", 1, "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR"},
-      {"1. e2-e4 e7-e5 2. Ke1-e3", 2, "rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR"},
-      {"1. e2-e4xxxxxxxxxxx", 0, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"},
-      {"   ", 0, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"},
+      {"1. e2-e4 e7-e5 2. Ng1-f3", 3, "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R", ""},
+      {"1.\te2-e4 2. Ng1-f3", 1, "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR", "2. Ng1-f3"},
+      {"1. e2-e4 e7-e5 2. Ke1-e3 ", 2, "rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR",
+       "2. Ke1-e3"},
+      {"1. e2-e4xxxxxxxxxxx", 0, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR",
+       "1. e2-e4xxxxxxxxxxx"},
+      {"O-O", 0, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR", "O-O"},
+      {"   ", 0, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR", ""},
+      // The no-break space separates moves like any blank.
+      {"1.\xC2\xA0" "e2-e4\xC2\xA0" "e7-e5\xA0" "Ng1-f3", 3,
+       "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R", ""},
   };
   for (const auto& c : cases) {
     CLinePosition position(kInitial);
-    const TChessboard* last = notation::ReadMoveSequence(position.Root(), c.text);
-    EXPECT_EQ(position.Root().ply - last->ply, c.nMade) << c.text;
-    EXPECT_EQ(fen::WriteShortFen(*last), c.after) << c.text;
+    const notation::TMoveSequenceEnd end =
+        notation::ReadMoveSequence(position.Root(), c.text, position.Line());
+    EXPECT_EQ(position.Root().ply - end.last->ply, c.nMade) << c.text;
+    EXPECT_EQ(fen::WriteShortFen(*end.last), c.after) << c.text;
+    EXPECT_EQ(end.rest, c.rest) << c.text;
   }
+}
+
+TEST(Notation, MoveSequencesStopWhenNoPlyOrSlotIsLeft) {
+  constexpr const char* kMoves = "1. e2-e4 e7-e5 2. Ng1-f3 Nb8-c6";
+  CLinePosition position(kInitial, 1);  // three plies
+  auto end = notation::ReadMoveSequence(position.Root(), kMoves, position.Line());
+  EXPECT_EQ(end.last->ply, 0);
+  EXPECT_EQ(end.rest, "Nb8-c6");
+  end = notation::ReadMoveSequence(position.Root(), kMoves, position.Line().first(3));
+  EXPECT_EQ(end.last, &position.Root());  // no slot for the successor of ply 3
+  EXPECT_EQ(end.rest, kMoves);
 }

@@ -27,3 +27,13 @@ TEST(Perft, DivideSumsToTheTotal) {
   EXPECT_EQ(counts.size(), 48u);
   EXPECT_EQ(total, 2039u);
 }
+
+// Twenty-six queens give one side more moves than any legal game (265): every buffer sized
+// for one side's moves must hold them (the sanitizer build catches an overflow).
+TEST(Perft, OverfullPositionsFitTheMoveBuffers) {
+  for (const char* fenText : {"QQQQQQnk/Q4Q1n/Q5QQ/Q6Q/Q6Q/Q6Q/Q6Q/KQQQQQQQ w - - 0 1",
+                              "kqqqqqqq/q6q/q6q/q6q/q6q/q5qq/q4q1N/qqqqqqNK b - - 0 1"}) {
+    const perft::CPerftPosition position(fenText, 1);
+    EXPECT_EQ(perft::Perft(position.Root(), 1), 265u) << fenText;
+  }
+}

@@ -17,7 +17,7 @@ struct TRefMove {
 
 class CReferenceBoard {
  public:
-  static constexpr int kMaxMoves = 256;
+  static constexpr int kMaxMoves = 512;  // room for over-full positions too (26 queens: 265)
 
   // All four FEN fields that matter: placement, side to move, castling, en passant.
   // False for text it cannot read.

@@ -270,6 +270,15 @@ TEST(ReferenceMinimax, KeysThatMateOnlyThroughTheStartPositionAgain) {
   ExpectEngineAgrees(start, 3);
 }
 
+// Twenty-six queens give White 265 moves, more than any legal game: the engine's buffers
+// for moves, successors and their order must hold them all.
+TEST(ReferenceMinimax, OverfullPositionFitsTheEngineBuffers) {
+  TChessboard start;
+  ClearChessboard(start);
+  ASSERT_TRUE(fen::ReadFen(start, "QQQQQQnk/Q4Q1n/Q5QQ/Q6Q/Q6Q/Q6Q/Q6Q/KQQQQQQQ"));
+  EXPECT_TRUE(ExpectEngineAgrees(start, 1));
+}
+
 // How many random positions each move count gets: deeper searches cost more.
 struct TDepthShare {
   int nMoves;

@@ -54,8 +54,9 @@ TEST(Collection, ProblemsAreWrittenInAscendingIdOrder) {
 TEST(Collection, ARedefinedIdIsLoggedAndReplaced) {
   TProblemCollection collection;
   std::vector<std::string> log;
-  const auto error = collection.ReadText("3 #2 " + Body() + "3 #4 " + Body(), "f",
-                                         [&log](const std::string& line) { log.push_back(line); });
+  const auto error =
+      collection.ReadText("3 #2 " + Body() + "3 #4 " + Body(), "f",
+                          {.log = [&log](const std::string& line) { log.push_back(line); }});
   ASSERT_FALSE(error);
   EXPECT_EQ(collection.Find(3)->stipulation.Moves(), 4);
   EXPECT_EQ(log, (std::vector<std::string>{"Problem 3 read from file.\n",
@@ -100,15 +101,78 @@ TEST(Collection, DefaultClausesEndAtTheFirstOtherLine) {
   EXPECT_FALSE(collection.Find(1)->HasFlag(option::kAllSolutions));
 }
 
-TEST(Collection, NewFileTemplateReadsAsAMateInTwoWithTwoKings) {
-  TProblemCollection collection;
-  ASSERT_FALSE(collection.ReadText(TProblemCollection::kNewFileTemplate, "new"));
-  const TProblem& p = *collection.Find(1);
-  EXPECT_EQ(p.stipulation.type, TStipulation::kDirectMate);
-  EXPECT_EQ(p.stipulation.Moves(), 2);
-  EXPECT_EQ(fen::WriteShortFen(p.start), "4k3/8/8/8/8/8/8/4K3");
-  EXPECT_EQ(p.description, "Click here to change problem description");
-  EXPECT_EQ(p.options, 0);
+TEST(Collection, NewFileTemplateReadsAsAMateInTwoWithTwoKingsInEachLanguage) {
+  const struct {
+    int nLanguageId;
+    const char* description;
+    const char* question;
+    const char* title;
+  } cases[] = {
+      {0, "Kliknij, aby zmienić opis problemu",
+       "Plik a.cp już istnieje.\nCzy chcesz go zastąpić nowym plikiem?", "Pytanie"},
+      {1, "Click here to change problem description",
+       "File a.cp already exists.\nDo you want to replace it with a new file?", "Question"},
+      {2, "Натисніть, щоб змінити опис задачі",
+       "Файл a.cp вже існує.\nБажаєте замінити його новим файлом?", "Питання"},
+      {7, "Click here to change problem description",
+       "File a.cp already exists.\nDo you want to replace it with a new file?", "Question"},
+  };
+  for (const auto& c : cases) {
+    TProblemCollection collection;
+    ASSERT_FALSE(collection.ReadText(TProblemCollection::NewFileTemplate(c.nLanguageId), "new"));
+    const TProblem& p = *collection.Find(1);
+    EXPECT_EQ(p.stipulation.type, TStipulation::kDirectMate);
+    EXPECT_EQ(p.stipulation.Moves(), 2);
+    EXPECT_EQ(fen::WriteShortFen(p.start), "4k3/8/8/8/8/8/8/4K3");
+    EXPECT_EQ(p.description, c.description);
+    EXPECT_EQ(p.options, 0);
+    EXPECT_EQ(TProblemCollection::NewFileQuestion("a.cp", c.nLanguageId), c.question);
+    EXPECT_STREQ(TProblemCollection::QuestionTitle(c.nLanguageId), c.title);
+  }
+}
+
+TEST(Collection, NotesAndTranslatedErrorsFollowTheLanguage) {
+  const std::string overfull = "1 #2 {\n\tFEN: 4k3/8/8/8/8/PPPPPPPP/8/QQ2K3\n}\n2 #2 " + Body();
+  for (const int nLanguageId : {0, 1, 2}) {
+    TProblemCollection collection;
+    std::vector<std::string> notes;
+    ASSERT_FALSE(
+        collection.ReadText(overfull, "f",
+                            {.note =
+                                 [&](const TProblem& p, const std::vector<std::string>& found) {
+                                   for (const std::string& note : found)
+                                     notes.push_back(std::to_string(p.id) + ": " + note);
+                                 },
+                             .nLanguageId = nLanguageId}));
+    EXPECT_EQ(notes,
+              std::vector<std::string>{"1: " + std::string(fen::MaterialWarningText(nLanguageId))});
+  }
+  EXPECT_STREQ(fen::MaterialWarningText(0),
+               "Uwaga: Na szachownicy jest więcej niż 9 hetmanów i pionów tego samego koloru. "
+               "Program poprawnie obsługuje tylko legalne pozycje (w których możliwych jest nie "
+               "więcej niż 218 ruchów); w przeciwnym razie jego zachowanie może być "
+               "nieprzewidywalne.");
+
+  const struct {
+    std::string text;
+    int nLanguageId;
+    const char* error;
+  } errors[] = {
+      {"1 #2 {\n\tFEN: 4k3/8/8/8/8/8/8/4KK2\n}", 0,
+       "2:7: Niepoprawny opis szachownicy: Illegal number of kings."},
+      {"1 #2 {\n\tFEN: 4k3/8/8/8/8/8/8/4KK2\n}", 2,
+       "2:7: Неправильний опис шахівниці: Illegal number of kings."},
+      {"1 #2\n//@SortIndications: 0-0-\n" + Body(), 0,
+       "2:1: Niepoprawny opis SortIndication: 0-0-"},
+      {"1 #2\n//@SortIndications: 0-0-\n" + Body(), 1,
+       "2:1: Invalid description of SortIndication: 0-0-"},
+  };
+  for (const auto& e : errors) {
+    TProblemCollection collection;
+    const auto error = collection.ReadText(e.text, "f", {.nLanguageId = e.nLanguageId});
+    ASSERT_TRUE(error) << e.text;
+    EXPECT_EQ(error->Describe(), "f:" + std::string(e.error));
+  }
 }
 
 TEST_F(CollectionFiles, CreateIfMissingWritesTheTemplateOnce) {
@@ -117,7 +181,7 @@ TEST_F(CollectionFiles, CreateIfMissingWritesTheTemplateOnce) {
   EXPECT_TRUE(collection.ReadFile(path, {}));  // not asked to create it
   EXPECT_FALSE(std::filesystem::exists(path));
   ASSERT_FALSE(collection.ReadFile(path, {.bCreateIfMissing = true, .log = nullptr}));
-  EXPECT_EQ(Content(path), TProblemCollection::kNewFileTemplate);
+  EXPECT_EQ(Content(path), TProblemCollection::NewFileTemplate(kEnglishLanguageId));
   EXPECT_EQ(Ids(collection), std::vector<int>{1});
 
   std::ofstream(path) << "7 #3 " << Body();

@@ -77,8 +77,6 @@ std::vector<TBadInput> BadInputs() {
        "3:2: White figure specification is invalid: B"},
       {"MovesColon", "1 {\n" + kKings + "\tMoves 1. Ke1-e2\n}",
        "3:8: Colon expected after Moves section start."},
-      {"MoveRefused", "1 {\n" + kKings + "\tMoves: 1. Ke1-e2 Ke8-e7 2. Ke2-e4\n}",
-       "3:29: Invalid move in MakeMove() : Ke2-e4"},
       {"AnswerColon", "1 #2 " + Body("\tAnswer Ra1-a8\n"),
        "3:9: Colon expected after correct answer identifier."},
       {"AnswerFrom", "1 #2 " + Body("\tAnswer: Ra9-a8\n"),

@@ -133,17 +133,30 @@ TEST(RoundTrip, HeadersAreReadAndWrittenBack) {
   }
 }
 
-TEST(RoundTrip, AnswersKeepCapturesCastlingAndPromotion) {
-  TProblemCollection collection;
-  ReadOne(collection,
-          "1 #3 {\n\tFEN: r3k2r/1P6/8/3p4/4P3/8/8/R3K2R\n"
-          "\tA: e4-d5, e4:d5, 0-0-0, 0-0, b7-b8Q, b7:a8N\n}");
-  EXPECT_NE(
-      collection.WriteText().find("\tAnswer:  e4:d5,  e4:d5,  0-0-0,  0-0,  b7-b8Q,  b7:a8N\n"),
-      std::string::npos);
-  TProblemCollection again;
-  ReadOne(again, collection.WriteText());
-  EXPECT_EQ(again.Find(1)->answer, collection.Find(1)->answer);
+TEST(RoundTrip, AnswersAreWrittenSoThatTheyReadBackAsTheSameMoves) {
+  const struct {
+    const char* fen;
+    const char* answers;
+    const char* written;
+  } cases[] = {
+      {"r3k2r/1P6/8/3p4/4P3/8/8/R3K2R", "e4-d5, e4:d5, 0-0-0, 0-0, b7-b8Q, b7:a8N",
+       "e4:d5,  e4:d5,  0-0-0,  0-0,  b7-b8Q,  b7:a8N"},
+      // The diagram need not hold what an answer names.
+      {"4k3/8/8/8/8/8/8/R3K3", "Qd1-d8, Kd1-d8", "d1-d8,  d1-d8"},
+      {"4k3/8/8/8/8/8/8/R2K4", "0-0, 0-0-0", "e1-g1,  e1-c1"},
+      {"r3k2r/8/8/8/8/8/8/4K3", "e8-g8", "e8-g8"},  // Black's castling in a White problem
+      {"4k3/1P6/8/8/8/8/8/4K3", "b7-b8P, b7-b8K", "b7-b8P,  b7-b8K"},
+      {"4k3/8/8/8/8/8/8/R3K3", "a1-a1, Ra1-a8Q", "a1-a1,  a1-a8Q"},
+  };
+  for (const auto& c : cases) {
+    TProblemCollection collection;
+    const TProblem& p =
+        ReadOne(collection, std::string("1 #3 {\n\tFEN: ") + c.fen + "\n\tA: " + c.answers + "\n}");
+    const std::string text = collection.WriteText();
+    EXPECT_NE(text.find(std::string("\tAnswer:  ") + c.written + "\n"), std::string::npos) << text;
+    TProblemCollection again;
+    EXPECT_EQ(ReadOne(again, text).answer, p.answer) << c.answers;
+  }
 }
 
 TEST(RoundTrip, PieceListsReadLikeTheirFen) {
@@ -165,6 +178,38 @@ TEST(RoundTrip, MoveLineOfAPositionIsKept) {
   EXPECT_NE(text.find("\n   Moves:    1. e2-e4 e7-e5 2. Ng1-f3\n}"), std::string::npos) << text;
   TProblemCollection again;
   EXPECT_EQ(fen::WriteShortFen(*ReadOne(again, text).current), fen::WriteShortFen(*p.current));
+}
+
+TEST(RoundTrip, MoveLineThatStopsEarlyKeepsItsPositionAndItsText) {
+  const struct {
+    const char* moves;
+    int nMade;
+    const char* written;  // the Moves line written back
+  } cases[] = {
+      {"1. e2-e4 2. Ng1-f3", 1, "1. e2-e4 2. Ng1-f3"},
+      {"O-O", 0, "O-O"},
+      {"1.e2-e4  e7-e5 2. Ke1-e3 Ke8-e7", 2, "1. e2-e4 e7-e5 2. Ke1-e3 Ke8-e7"},
+      {"1.\xC2\xA0"
+       "e2-e4\xC2\xA0"
+       "e7-e5",
+       2, "1. e2-e4 e7-e5"},
+  };
+  for (const auto& c : cases) {
+    // The problem behind it is read too.
+    TProblemCollection collection;
+    ASSERT_FALSE(
+        collection.ReadText(std::string("3 {\n\tFEN: 4k3/4p3/8/8/8/8/4P3/4K1N1\n\tMoves: ") +
+                                c.moves + "\n}\n7 " + Body(),
+                            "f"));
+    ASSERT_NE(collection.Find(7), nullptr);
+    EXPECT_EQ(collection.Find(3)->MoveLine().size(), static_cast<std::size_t>(c.nMade)) << c.moves;
+    const std::string text = collection.WriteText();
+    EXPECT_NE(text.find(std::string("\n   Moves:    ") + c.written + "\n}"), std::string::npos)
+        << text;
+    TProblemCollection again;
+    ASSERT_FALSE(again.ReadText(text, "again"));
+    EXPECT_EQ(again.WriteText(), text);
+  }
 }
 
 TEST(RoundTrip, DirectiveCommentsOutsideTheHeaderAreOrdinaryComments) {
