@@ -88,7 +88,7 @@ std::uint64_t TTableIndex::Encode(const SquareIndex* squares) const {
   std::uint64_t index = static_cast<std::uint64_t>(kingSlot[image[0]]) * 64 + image[1];
   for (int g = 0; g < nGroups; ++g) {
     SquareIndex* first = image + groups[g].first;
-    std::sort(first, first + groups[g].n);
+    if (groups[g].n > 1) std::sort(first, first + groups[g].n);
     index = index * groupSize[g] + GroupRank(groups[g], first);
   }
   return index;

@@ -2,7 +2,9 @@
 # Installs the Debian packages the build needs, only when something is missing.
 # Usage: scripts/install-deps.sh [--bench]   (--bench: also Google Benchmark, for bench/)
 set -euo pipefail
-packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev)
+# gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
+packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev
+  gaviotatb libgaviotatb-dev zlib1g-dev)
 [ "${1:-}" = "--bench" ] && packages+=(libbenchmark-dev)
 missing=()
 for p in "${packages[@]}"; do
