@@ -1,5 +1,7 @@
 #include "registers/TableCollection.h"
 
+#include <chrono>
+
 #include "registers/TableGenerator.h"
 
 const TEndgameTable* CTableCollection::Find(const TTableMaterial& material) const {
@@ -11,27 +13,34 @@ const TEndgameTable* CTableCollection::Find(const std::string& name) const {
   return found == tables.end() ? nullptr : found->second.get();
 }
 
-void CTableCollection::Add(std::unique_ptr<TEndgameTable> table) {
+void CTableCollection::Add(std::shared_ptr<const TEndgameTable> table) {
   const std::string name = table->Material().Name();
   tables[name] = std::move(table);
 }
 
-std::unique_ptr<TEndgameTable> CTableCollection::Remove(const std::string& name) {
-  const auto found = tables.find(name);
-  if (found == tables.end()) return nullptr;
-  std::unique_ptr<TEndgameTable> table = std::move(found->second);
-  tables.erase(found);
-  return table;
+void CTableCollection::Provide(const TTableMaterial& material, int nThreads,
+                               const THooks& hooks) {
+  for (const TTableMaterial& next : material.Successors()) {
+    if (!next.WhiteCanMate() || Find(next) != nullptr) continue;
+    if (auto found = hooks.find ? hooks.find(next) : nullptr) {
+      Add(std::move(found));
+      continue;
+    }
+    Generate(next, nThreads, hooks);
+  }
 }
 
 const TEndgameTable* CTableCollection::Generate(const TTableMaterial& material, int nThreads,
-                                                const TProgress& progress) {
-  for (const TTableMaterial& next : material.Successors())
-    if (next.WhiteCanMate() && Find(next) == nullptr) Generate(next, nThreads, progress);
+                                                const THooks& hooks) {
+  Provide(material, nThreads, hooks);
+  const auto start = std::chrono::steady_clock::now();
   CTableGenerator generator(
       material, [this](const TTableMaterial& m) { return Find(m); }, nThreads);
-  Add(generator.Generate([&](double fraction) {
-    if (progress) progress(material.Name(), fraction);
-  }));
-  return Find(material);
+  std::shared_ptr<const TEndgameTable> table = generator.Generate([&](double fraction) {
+    if (hooks.progress) hooks.progress(material.Name(), fraction);
+  });
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+  if (hooks.generated) hooks.generated(*table, seconds.count());
+  Add(table);
+  return table.get();
 }

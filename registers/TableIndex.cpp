@@ -19,6 +19,12 @@ std::uint64_t Power(std::uint64_t base, int exponent) {
   return result;
 }
 
+// Insertion sort of a group's few squares.
+void SortSmall(SquareIndex* squares, int n) {
+  for (int i = 1; i < n && i < TTableMaterial::kMaxPieces; ++i)
+    for (int j = i; j > 0 && squares[j - 1] > squares[j]; --j) std::swap(squares[j - 1], squares[j]);
+}
+
 }  // namespace
 
 SquareIndex TTableIndex::Transform(int symmetry, SquareIndex s) {
@@ -88,7 +94,7 @@ std::uint64_t TTableIndex::Encode(const SquareIndex* squares) const {
   std::uint64_t index = static_cast<std::uint64_t>(kingSlot[image[0]]) * 64 + image[1];
   for (int g = 0; g < nGroups; ++g) {
     SquareIndex* first = image + groups[g].first;
-    if (groups[g].n > 1) std::sort(first, first + groups[g].n);
+    SortSmall(first, groups[g].n);
     index = index * groupSize[g] + GroupRank(groups[g], first);
   }
   return index;

@@ -79,6 +79,16 @@ std::optional<TTableMaterial> TTableMaterial::OfBoard(const PieceCode* squares) 
   return OfCodes(codes, n);
 }
 
+std::string TTableMaterial::PositionType() const {
+  std::string type;
+  for (int i = 0; i < nPieces; ++i)
+    if (i != 1) type += letters::PieceToLetter(pieces[i]);
+  const auto nWhite = static_cast<size_t>(std::count_if(
+      pieces, pieces + nPieces, [](PieceCode p) { return piece::IsWhite(p); }));
+  type.insert(nWhite, 1, 'k');
+  return type;
+}
+
 bool TTableMaterial::HasPawns() const {
   return std::any_of(pieces, pieces + nPieces,
                      [](PieceCode p) { return piece::TypeOf(p) == piece::kPawn; });
@@ -105,7 +115,7 @@ std::vector<TTableMaterial> TTableMaterial::Successors() const {
       std::copy(pieces, pieces + nPieces, codes);
       codes[i] = static_cast<PieceCode>((pieces[i] & ~piece::kTypeMask) | type);
       add(codes);
-      for (int c = 2; c < nPieces; ++c) {
+      for (int c = 2; c < std::min(nPieces, kMaxPieces); ++c) {
         if (piece::IsWhite(pieces[c]) == piece::IsWhite(pieces[i])) continue;
         codes[c] = piece::kEmpty;
         add(codes);

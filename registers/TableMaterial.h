@@ -20,6 +20,8 @@ class TTableMaterial {
   static std::optional<TTableMaterial> OfBoard(const PieceCode* squares);
 
   const std::string& Name() const { return name; }
+  // One letter per piece, White's in capitals and Black's in small letters: "KRk".
+  std::string PositionType() const;
   int Count() const { return nPieces; }
   PieceCode Piece(int i) const { return pieces[i]; }
   bool HasPawns() const;
