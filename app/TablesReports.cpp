@@ -19,8 +19,8 @@ std::string TableValueText(std::uint8_t value, bool bWhiteToMove) {
 namespace {
 
 // Finds tables through the service and keeps them loaded while the lookup lives.
-CTableLookup::TFind ServiceFinder(CTablesService& service,
-                                  std::map<std::string, std::shared_ptr<const TEndgameTable>>& held) {
+CTableLookup::TFind ServiceFinder(
+    CTablesService& service, std::map<std::string, std::shared_ptr<const TEndgameTable>>& held) {
   return [&service, &held](const TTableMaterial& material) -> const TEndgameTable* {
     auto& slot = held[material.Name()];
     if (slot == nullptr) slot = service.Acquire(material);
@@ -47,7 +47,8 @@ std::optional<TTableProbeAnswer> ProbeFen(CTablesService& service, const std::st
   } catch (const ChessException& e) {
     throw std::invalid_argument(e.what());
   }
-  board.ply = board.rootPlies = extras.bBlackToMove ? CTableLookup::kLineSize - 2 : CTableLookup::kLineSize - 1;
+  board.ply = board.rootPlies =
+      extras.bBlackToMove ? CTableLookup::kLineSize - 2 : CTableLookup::kLineSize - 1;
   board.line = line.data();
   std::map<std::string, std::shared_ptr<const TEndgameTable>> held;
   const CTableLookup lookup(ServiceFinder(service, held));
@@ -78,7 +79,8 @@ std::optional<TLongestMate> FindLongestMate(const TEndgameTable& table) {
 TIndexedPosition PositionAt(const TEndgameTable& table, std::uint64_t index) {
   TIndexedPosition position;
   const auto isPosition = [&](std::uint64_t i) {
-    return table.Value(true, i) != tablevalue::kIllegal || table.Value(false, i) != tablevalue::kIllegal;
+    return table.Value(true, i) != tablevalue::kIllegal ||
+           table.Value(false, i) != tablevalue::kIllegal;
   };
   for (std::uint64_t i = index; i-- > 0;) {
     if (isPosition(i)) {

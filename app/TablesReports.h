@@ -16,7 +16,8 @@ std::string TableValueText(std::uint8_t value, bool bWhiteToMove);
 
 struct TTableProbeAnswer {
   std::string valueText;
-  std::vector<std::string> bestMoves;  // the quickest mates for White, the longest defences for Black
+  std::vector<std::string>
+      bestMoves;  // the quickest mates for White, the longest defences for Black
 };
 // Throws std::invalid_argument for a FEN that cannot be read; nothing when no table holds
 // the position (or one it leads to).

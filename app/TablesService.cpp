@@ -31,22 +31,29 @@ void CTablesService::ReportOnce(const std::string& key, const std::string& messa
 }
 
 std::shared_ptr<const TEndgameTable> CTablesService::ReadFile(const TTableMaterial& material) {
+  const std::filesystem::path file = FileOf(material);
   try {
-    return tablefile::Read(FileOf(material), material);
+    return tablefile::Read(file, material);
   } catch (const std::exception& e) {
     std::lock_guard guard(lock);
-    ReportOnce(material.Name(), e.what());
+    // A set never generated is no news; a file gone from its set's folder is.
+    if (std::filesystem::exists(file.parent_path())) {
+      ReportOnce(material.Name(), e.what());
+    } else {
+      unusable.insert(material.Name());
+    }
     return nullptr;
   }
 }
 
 void CTablesService::MakeRoom(std::uint64_t nBytes) {
   while (nLoadedBytes + nBytes > settings.nQuotaBytes && !loaded.empty()) {
-    const auto oldest = std::min_element(loaded.begin(), loaded.end(), [](const auto& a, const auto& b) {
-      return a.second.nLastUse < b.second.nLastUse;
-    });
+    const auto oldest = std::min_element(
+        loaded.begin(), loaded.end(),
+        [](const auto& a, const auto& b) { return a.second.nLastUse < b.second.nLastUse; });
     nLoadedBytes -= oldest->second.table->MemoryBytes();
     loaded.erase(oldest);
+    slots.clear();
   }
 }
 
@@ -87,8 +94,31 @@ std::optional<std::uint8_t> CTablesService::ValueOf(const PieceCode* squares, bo
   return table->ValueOfBoard(bWhiteToMove, squares);
 }
 
+CTablesService::TProbeSlot CTablesService::FindSlot(const TChessboard& board) {
+  std::uint32_t key = 0;
+  for (std::uint8_t count : board.nPieces) key = (key << 3) | (count & 7u);
+  {
+    std::lock_guard guard(lock);
+    const auto found = slots.find(key);
+    if (found != slots.end()) return found->second;
+  }
+  TProbeSlot slot;
+  const auto material = TTableMaterial::OfBoard(board.squares);
+  if (material && !material->WhiteCanMate()) {
+    slot.bNoMate = true;
+  } else if (material) {
+    slot.table = Acquire(*material);
+  }
+  std::lock_guard guard(lock);
+  slots[key] = slot;
+  return slot;
+}
+
 std::optional<std::uint8_t> CTablesService::Probe(const TChessboard& board) {
-  return ValueOf(board.squares, board.IsWhiteToMove());
+  const TProbeSlot slot = FindSlot(board);
+  if (slot.bNoMate) return tablevalue::kNoMate;
+  if (slot.table == nullptr) return std::nullopt;
+  return slot.table->ValueOfBoard(board.IsWhiteToMove(), board.squares);
 }
 
 std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMaterial>& materials,
@@ -104,16 +134,17 @@ std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMa
   hooks.generated = [&](const TEndgameTable& table, double seconds) {
     const std::filesystem::path file = tablefile::PathOf(settings.folder, table.Material());
     tablefile::Write(table, file);
-    result.push_back(TGeneratedTable{table.Material().Name(), seconds,
-                                     std::filesystem::file_size(file), true});
+    result.push_back(
+        TGeneratedTable{table.Material().Name(), seconds, std::filesystem::file_size(file), true});
     std::lock_guard guard(lock);
     unusable.erase(table.Material().Name());
+    slots.clear();
   };
   for (const TTableMaterial& material : materials) {
     if (collection.Find(material) != nullptr) continue;
     if (auto onDisk = hooks.find(material)) {
-      result.push_back(TGeneratedTable{material.Name(), 0,
-                                       std::filesystem::file_size(FileOf(material)), false});
+      result.push_back(
+          TGeneratedTable{material.Name(), 0, std::filesystem::file_size(FileOf(material)), false});
       collection.Add(std::move(onDisk));
       continue;
     }
@@ -142,7 +173,8 @@ std::vector<TTableMaterial> CTablesService::TablesOnDisk() const {
 std::vector<CTablesService::TLoaded> CTablesService::Loaded() const {
   std::lock_guard guard(lock);
   std::vector<TLoaded> result;
-  for (const auto& [name, entry] : loaded) result.push_back(TLoaded{name, entry.table->MemoryBytes()});
+  for (const auto& [name, entry] : loaded)
+    result.push_back(TLoaded{name, entry.table->MemoryBytes()});
   return result;
 }
 

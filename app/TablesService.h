@@ -30,7 +30,7 @@ TTablesSettings TablesSettingsFromOptions(const COptions& options);
 
 struct TGeneratedTable {
   std::string name;
-  double seconds = 0;      // 0 when the table was already on disk
+  double seconds = 0;        // 0 when the table was already on disk
   std::uint64_t nBytes = 0;  // of the file
   bool bGenerated = false;
 };
@@ -69,6 +69,13 @@ class CTablesService : public CTableProbe {
     std::shared_ptr<const TEndgameTable> table;
     std::uint64_t nLastUse = 0;
   };
+  // What a probe of a material (keyed by its piece counts) finds: a table, "no mate"
+  // without one (White has only the king), or nothing.
+  struct TProbeSlot {
+    std::shared_ptr<const TEndgameTable> table;
+    bool bNoMate = false;
+  };
+  TProbeSlot FindSlot(const TChessboard& board);
   std::shared_ptr<const TEndgameTable> ReadFile(const TTableMaterial& material);
   void MakeRoom(std::uint64_t nBytes);
   void ReportOnce(const std::string& key, const std::string& message);
@@ -77,7 +84,8 @@ class CTablesService : public CTableProbe {
   TMessageSink messages;
   mutable std::mutex lock;
   std::map<std::string, TEntry> loaded;
-  std::set<std::string> unusable;  // names without a usable file, reported once
+  std::map<std::uint32_t, TProbeSlot> slots;  // emptied whenever a table leaves or comes
+  std::set<std::string> unusable;             // names without a usable file, reported once
   std::uint64_t nLoadedBytes = 0;
   std::uint64_t nUses = 0;
 };

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "app/Options.h"
+#include "app/TablesService.h"
 #include "app/TsvTable.h"
 #include "cli/Commands.h"
 #include "core/Fen.h"
@@ -18,6 +20,7 @@ struct TBenchSolveArguments {
   int nThreads = 1;
   int nRuns = 1;
   std::uint32_t nRegisterElements = 20'000'000;
+  bool bNoTables = false;
 };
 
 struct TTiming {
@@ -47,14 +50,16 @@ std::vector<std::string> PublishedKeys(const std::string& field) {
 }
 
 // All solutions with a fresh register per run, so that runs do not help each other.
-TTiming Solve(const TChessboard& start, int nMoves, int nThreads,
-              const TBenchSolveArguments& args) {
+// The endgame tables of the working folder stay loaded from one solve to the next.
+TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args,
+              CTablesService* tables) {
   TTiming timing;
   std::vector<double> seconds;
   for (int run = 0; run < args.nRuns; ++run) {
     TChessboardRegister<bool> reg(args.nRegisterElements);
-    CMateSolver solver(start, nMoves,
-                       {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    CMateSolver solver(
+        start, nMoves,
+        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg, .pTables = tables});
     const auto begin = std::chrono::steady_clock::now();
     const TRootOutcome outcome = solver.Run();
     seconds.push_back(
@@ -92,6 +97,13 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
   const CTsvTable table = CTsvTable::Read(args.set);
+  std::unique_ptr<CTablesService> tables;
+  if (!args.bNoTables) {
+    for (const std::string& warning : ReadOptions()) std::fprintf(stderr, "%s\n", warning.c_str());
+    tables = std::make_unique<CTablesService>(
+        TablesSettingsFromOptions(Options()),
+        [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
+  }
   for (const auto& row : table.Rows()) {
     if (!Selected(row, args)) continue;
     TChessboard start;
@@ -99,7 +111,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     if (!fen::ReadFen(start, row.at("fen")))
       throw std::runtime_error("Improper FEN code: " + row.at("id"));
     const int nMoves = std::stoi(row.at("n"));
-    const TTiming single = Solve(start, nMoves, 1, args);
+    const TTiming single = Solve(start, nMoves, 1, args, tables.get());
     const std::string expected = SortedKeys(PublishedKeys(row.at("keys")));
     bool bRight = SortedKeys(single.keys) == expected;
     const double reference = ReferenceSeconds(row);
@@ -112,7 +124,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
                 single.nPositions / single.seconds, reference,
                 reference > 0 ? single.seconds / reference : 0);
     if (bCompare) {
-      const TTiming threaded = Solve(start, nMoves, args.nThreads, args);
+      const TTiming threaded = Solve(start, nMoves, args.nThreads, args, tables.get());
       bRight = bRight && SortedKeys(threaded.keys) == expected;
       threadedTotal += threaded.seconds;
       std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
@@ -150,5 +162,7 @@ void AddBenchSolveCommand(CLI::App& bench) {
   command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")
       ->check(CLI::Range(1, 99));
   command->add_option("--register", args->nRegisterElements, "Register entries");
+  command->add_flag("--no-tables", args->bNoTables,
+                    "Solve without the endgame tables of the working folder (Precalc)");
   command->callback([args] { RunBenchSolve(*args); });
 }

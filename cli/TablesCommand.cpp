@@ -113,8 +113,8 @@ void Position(const TTablesArguments& args) {
               << "White to move: " << TableValueText(position.whiteValue, true) << "\n"
               << "Black to move: " << TableValueText(position.blackValue, false) << "\n";
   } else {
-    std::cout << "Index " << args.index << " stands for no position of "
-              << table->Material().Name() << "\n";
+    std::cout << "Index " << args.index << " stands for no position of " << table->Material().Name()
+              << "\n";
   }
   if (position.previous) std::cout << "Previous: " << *position.previous << "\n";
   if (position.next) std::cout << "Next: " << *position.next << "\n";
@@ -159,9 +159,11 @@ void AddTablesCommand(CLI::App& app) {
            *args, false)
       ->callback([args] { Verify(*args); });
   CLI::App* probe = tables->add_subcommand("probe", "The value of a position and its best moves");
-  probe->add_option("FEN", args->fen, "Position (the side to move is the FEN's own field)")->required();
+  probe->add_option("FEN", args->fen, "Position (the side to move is the FEN's own field)")
+      ->required();
   probe->callback([args] { Probe(*args); });
-  CLI::App* max = tables->add_subcommand("max", "The longest mate of a table and a position with it");
+  CLI::App* max =
+      tables->add_subcommand("max", "The longest mate of a table and a position with it");
   max->add_option("TYPE", args->type, "Piece set")->required();
   max->callback([args] { Max(*args); });
   CLI::App* position = tables->add_subcommand("position", "The position at an index of a table");

@@ -9,9 +9,10 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.line = nullptr;
   root.passNumber = settings.passNumber;
   context.pRegister = settings.pRegister;
+  context.pTables = settings.pTables;
   context.passNumber = settings.passNumber;
-  search = std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
-                                         settings.bShareFirstMoves);
+  search = std::make_unique<CRootSearch>(
+      context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "registers/ChessboardRegister.h"
+#include "registers/TableProbe.h"
 
 // Run states written by the session and polled by every Black node.
 namespace runstate {
@@ -15,6 +16,8 @@ constexpr std::uint8_t kStop = 2;
 struct SearchContext {
   std::atomic<std::uint8_t> runState{runstate::kRun};
   TChessboardRegister<bool>* pRegister = nullptr;
+  // Exact values of small endings; null when the solve has no tables.
+  CTableProbe* pTables = nullptr;
   // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
   std::uint8_t passNumber = 2;
   // Skip a pawn's other promotions to the same square once one of them is mated. Unsound

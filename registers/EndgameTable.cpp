@@ -5,7 +5,8 @@
 TEndgameTable::TEndgameTable(const TTableMaterial& tableMaterial)
     : material(tableMaterial), index(tableMaterial) {}
 
-TEndgameTable::TEndgameTable(const TTableMaterial& tableMaterial, std::vector<std::uint8_t> whiteValues,
+TEndgameTable::TEndgameTable(const TTableMaterial& tableMaterial,
+                             std::vector<std::uint8_t> whiteValues,
                              std::vector<std::uint8_t> blackValues)
     : material(tableMaterial),
       index(tableMaterial),

@@ -18,8 +18,7 @@ void CTableCollection::Add(std::shared_ptr<const TEndgameTable> table) {
   tables[name] = std::move(table);
 }
 
-void CTableCollection::Provide(const TTableMaterial& material, int nThreads,
-                               const THooks& hooks) {
+void CTableCollection::Provide(const TTableMaterial& material, int nThreads, const THooks& hooks) {
   for (const TTableMaterial& next : material.Successors()) {
     if (!next.WhiteCanMate() || Find(next) != nullptr) continue;
     if (auto found = hooks.find ? hooks.find(next) : nullptr) {

@@ -11,16 +11,20 @@ template <typename F>
 void ForEachCapture(const TTablePlacement& p, SquareIndex to, const CTableLinks& links,
                     F onCapture) {
   const PieceCode victim = p.board[to];
-  const PieceCode capturer =
-      static_cast<PieceCode>((piece::IsWhite(victim) ? piece::kBlack : piece::kWhite) | piece::kPawn);
+  const PieceCode capturer = static_cast<PieceCode>(
+      (piece::IsWhite(victim) ? piece::kBlack : piece::kWhite) | piece::kPawn);
   const int behind = piece::IsWhite(victim) ? -8 : 8;
   for (int side = -1; side <= 1; side += 2) {
     const int file = square::File(to) + side;
     if (file < 0 || file > 7 || p.board[to + side] != capturer) continue;
     TTablePlacement after = p;
-    const TTableMove capture{static_cast<std::uint8_t>(p.PieceOn(static_cast<SquareIndex>(to + side))),
-                             static_cast<SquareIndex>(to + side), static_cast<SquareIndex>(to + behind),
-                             0, static_cast<std::int8_t>(p.PieceOn(to)), false};
+    const TTableMove capture{
+        static_cast<std::uint8_t>(p.PieceOn(static_cast<SquareIndex>(to + side))),
+        static_cast<SquareIndex>(to + side),
+        static_cast<SquareIndex>(to + behind),
+        0,
+        static_cast<std::int8_t>(p.PieceOn(to)),
+        false};
     after.board[to] = piece::kEmpty;
     after.Apply(capture);
     if (after.IsInCheck(capturer & (piece::kWhite | piece::kBlack))) continue;
@@ -34,7 +38,8 @@ std::optional<std::uint8_t> BlackCaptureValue(const TTablePlacement& p, SquareIn
                                               const CTableLinks& links) {
   std::optional<std::uint8_t> best;
   ForEachCapture(p, to, links, [&](std::uint8_t value) {
-    best = std::max<std::uint8_t>(best.value_or(0), tablevalue::IsMate(value) ? value : tablevalue::kNoMate);
+    best = std::max<std::uint8_t>(best.value_or(0),
+                                  tablevalue::IsMate(value) ? value : tablevalue::kNoMate);
   });
   return best;
 }

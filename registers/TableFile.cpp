@@ -19,7 +19,8 @@ struct THeader {
 };
 static_assert(sizeof(THeader) == 40);
 
-std::uint64_t Checksum(const std::vector<std::uint8_t>& white, const std::vector<std::uint8_t>& black) {
+std::uint64_t Checksum(const std::vector<std::uint8_t>& white,
+                       const std::vector<std::uint8_t>& black) {
   // FNV-1a over both sides' values.
   std::uint64_t hash = 14695981039346656037ULL;
   for (const auto* values : {&white, &black})
@@ -77,7 +78,8 @@ std::unique_ptr<TEndgameTable> Read(const std::filesystem::path& file,
   if (header.nPositions != index.Size()) throw Corrupt(file, "wrong number of positions");
   std::vector<std::uint8_t> white(index.Size()), black(index.Size());
   for (auto* values : {&white, &black})
-    if (!in.read(reinterpret_cast<char*>(values->data()), static_cast<std::streamsize>(values->size())))
+    if (!in.read(reinterpret_cast<char*>(values->data()),
+                 static_cast<std::streamsize>(values->size())))
       throw Corrupt(file, "cut short");
   if (in.peek() != std::ifstream::traits_type::eof()) throw Corrupt(file, "longer than its table");
   if (Checksum(white, black) != header.checksum) throw Corrupt(file, "checksum mismatch");

@@ -11,7 +11,8 @@ using tablevalue::kIllegal;
 using tablevalue::kNoMate;
 
 std::uint8_t Load(const std::uint8_t& cell) {
-  return std::atomic_ref<std::uint8_t>(const_cast<std::uint8_t&>(cell)).load(std::memory_order_relaxed);
+  return std::atomic_ref<std::uint8_t>(const_cast<std::uint8_t&>(cell))
+      .load(std::memory_order_relaxed);
 }
 
 void Store(std::uint8_t& cell, std::uint8_t value) {
@@ -252,8 +253,9 @@ std::uint64_t CTableGenerator::SpreadToBlack(std::uint8_t n) {
 }
 
 bool CTableGenerator::IsSteppedBlack(std::uint64_t i) const {
-  return std::binary_search(blackSteps.begin(), blackSteps.end(), TBlackStep{i, 0, 0},
-                            [](const TBlackStep& a, const TBlackStep& b) { return a.black < b.black; });
+  return std::binary_search(
+      blackSteps.begin(), blackSteps.end(), TBlackStep{i, 0, 0},
+      [](const TBlackStep& a, const TBlackStep& b) { return a.black < b.black; });
 }
 
 std::uint64_t CTableGenerator::SettleWhiteSteps(std::uint8_t n) {

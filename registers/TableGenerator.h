@@ -62,7 +62,7 @@ class CTableGenerator {
   std::vector<std::uint8_t> openCounts;  // Black's replies within the set still open
   std::vector<std::uint8_t> blackFloor;  // Black's best value through captures and promotions
   std::vector<TWhiteStep> whiteSteps;
-  std::vector<TBlackStep> blackSteps;    // sorted by Black position
+  std::vector<TBlackStep> blackSteps;  // sorted by Black position
   std::mutex stepsMutex;
   std::atomic<std::uint8_t> maxPending{0};  // the highest value that may still be settled
   std::atomic<std::uint64_t> nSettled{0};

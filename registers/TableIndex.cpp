@@ -11,7 +11,9 @@ bool InPawnlessRegion(SquareIndex s) {
   return square::File(s) <= 3 && square::Rank(s) <= square::File(s);
 }
 
-bool InPawnRegion(SquareIndex s) { return square::File(s) <= 3; }
+bool InPawnRegion(SquareIndex s) {
+  return square::File(s) <= 3;
+}
 
 std::uint64_t Power(std::uint64_t base, int exponent) {
   std::uint64_t result = 1;
@@ -22,7 +24,8 @@ std::uint64_t Power(std::uint64_t base, int exponent) {
 // Insertion sort of a group's few squares.
 void SortSmall(SquareIndex* squares, int n) {
   for (int i = 1; i < n && i < TTableMaterial::kMaxPieces; ++i)
-    for (int j = i; j > 0 && squares[j - 1] > squares[j]; --j) std::swap(squares[j - 1], squares[j]);
+    for (int j = i; j > 0 && squares[j - 1] > squares[j]; --j)
+      std::swap(squares[j - 1], squares[j]);
 }
 
 }  // namespace

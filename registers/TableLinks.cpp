@@ -17,7 +17,8 @@ CTableLinks::CTableLinks(const TTableMaterial& tableMaterial, const TFindTable& 
     if (piece::TypeOf(material.Piece(i)) != piece::kPawn) continue;
     for (int t = 0; t < 4; ++t) {
       reset();
-      const auto promoted = static_cast<PieceCode>((material.Piece(i) & ~piece::kTypeMask) | kTypes[t]);
+      const auto promoted =
+          static_cast<PieceCode>((material.Piece(i) & ~piece::kTypeMask) | kTypes[t]);
       codes[i] = promoted;
       promotions[i][t] = MakeLink(codes, findTable);
       for (int c = 2; c < n; ++c) {
@@ -37,8 +38,7 @@ CTableLinks::TLink CTableLinks::MakeLink(const PieceCode* codes,
   if (!target.WhiteCanMate()) return link;
   link.table = findTable(target);
   if (link.table == nullptr)
-    throw std::runtime_error("The table " + target.Name() + " is needed before " +
-                             material.Name());
+    throw std::runtime_error("The table " + target.Name() + " is needed before " + material.Name());
   bool bUsed[TTableMaterial::kMaxPieces] = {};
   for (int j = 0; j < target.Count(); ++j) {
     for (int i = 0; i < material.Count(); ++i) {
@@ -53,10 +53,14 @@ CTableLinks::TLink CTableLinks::MakeLink(const PieceCode* codes,
 
 int CTableLinks::PromotionSlot(PieceCode type) {
   switch (type) {
-    case piece::kQueen: return 0;
-    case piece::kRook: return 1;
-    case piece::kBishop: return 2;
-    default: return 3;
+    case piece::kQueen:
+      return 0;
+    case piece::kRook:
+      return 1;
+    case piece::kBishop:
+      return 2;
+    default:
+      return 3;
   }
 }
 
@@ -72,6 +76,7 @@ std::uint8_t CTableLinks::ValueAfter(const TTablePlacement& after, const TTableM
   }
   if (link->table == nullptr) return tablevalue::kNoMate;
   SquareIndex squares[TTableMaterial::kMaxPieces];
-  for (int j = 0; j < link->table->Material().Count(); ++j) squares[j] = after.squares[link->source[j]];
+  for (int j = 0; j < link->table->Material().Count(); ++j)
+    squares[j] = after.squares[link->source[j]];
   return link->table->ValueAt(bWhiteToMove, squares);
 }

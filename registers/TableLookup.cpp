@@ -11,9 +11,11 @@ bool HasEnPassantRight(const TChessboard& board) {
   if (board.parent == nullptr) return false;
   const TMove last = board.lastMove;
   const PieceCode moved = board.squares[last.to];
-  if (piece::TypeOf(moved) != piece::kPawn || (last.to > last.from ? last.to - last.from : last.from - last.to) != 16)
+  if (piece::TypeOf(moved) != piece::kPawn ||
+      (last.to > last.from ? last.to - last.from : last.from - last.to) != 16)
     return false;
-  const auto taker = static_cast<PieceCode>((piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn);
+  const auto taker = static_cast<PieceCode>(
+      (piece::IsWhite(moved) ? piece::kBlack : piece::kWhite) | piece::kPawn);
   const int file = square::File(last.to);
   return (file > 0 && board.squares[last.to - 1] == taker) ||
          (file < 7 && board.squares[last.to + 1] == taker);
@@ -59,7 +61,8 @@ std::optional<std::uint8_t> CTableLookup::ValueFromMoves(const TChessboard& boar
   } else if (bWhite) {
     std::uint8_t least = tablevalue::kNoMate;
     for (const auto& [move, value] : successors) least = std::min(least, value);
-    result = tablevalue::IsMate(least) && least < tablevalue::kMaxMate ? least + 1 : tablevalue::kNoMate;
+    result =
+        tablevalue::IsMate(least) && least < tablevalue::kMaxMate ? least + 1 : tablevalue::kNoMate;
   } else {
     result = 0;
     for (const auto& [move, value] : successors) result = std::max(result, value);

@@ -10,11 +10,16 @@ namespace {
 // Position of a piece type in the table order: queen, rook, bishop, knight, pawn.
 int TypeRank(PieceCode code) {
   switch (piece::TypeOf(code)) {
-    case piece::kQueen: return 0;
-    case piece::kRook: return 1;
-    case piece::kBishop: return 2;
-    case piece::kKnight: return 3;
-    default: return 4;
+    case piece::kQueen:
+      return 0;
+    case piece::kRook:
+      return 1;
+    case piece::kBishop:
+      return 2;
+    case piece::kKnight:
+      return 3;
+    default:
+      return 4;
   }
 }
 
@@ -60,7 +65,8 @@ TTableMaterial TTableMaterial::Parse(const std::string& name) {
     if (!piece::IsWhite(white)) throw BadName(name);
     const bool bKing = piece::TypeOf(white) == piece::kKing;
     if (bKing != (i == 0 || i == blackKing)) throw BadName(name);
-    codes[n++] = i < blackKing ? white : static_cast<PieceCode>(piece::TypeOf(white) | piece::kBlack);
+    codes[n++] =
+        i < blackKing ? white : static_cast<PieceCode>(piece::TypeOf(white) | piece::kBlack);
   }
   return OfCodes(codes, n);
 }
@@ -83,8 +89,8 @@ std::string TTableMaterial::PositionType() const {
   std::string type;
   for (int i = 0; i < nPieces; ++i)
     if (i != 1) type += letters::PieceToLetter(pieces[i]);
-  const auto nWhite = static_cast<size_t>(std::count_if(
-      pieces, pieces + nPieces, [](PieceCode p) { return piece::IsWhite(p); }));
+  const auto nWhite = static_cast<size_t>(
+      std::count_if(pieces, pieces + nPieces, [](PieceCode p) { return piece::IsWhite(p); }));
   type.insert(nWhite, 1, 'k');
   return type;
 }

@@ -14,7 +14,7 @@ struct TMoveSink {
   int n = 0;
   void Add(int pieceIndex, SquareIndex from, SquareIndex to, int captured = -1) {
     out[n++] = TTableMove{static_cast<std::uint8_t>(pieceIndex), from, to, 0,
-                          static_cast<std::int8_t>(captured), false};
+                          static_cast<std::int8_t>(captured),    false};
   }
 };
 
@@ -164,7 +164,8 @@ void TTablePlacement::Apply(const TTableMove& move) {
   if (move.captured >= 0) squares[move.captured] = square::kNone;
   board[move.from] = piece::kEmpty;
   if (move.promotion != 0)
-    codes[move.piece] = static_cast<PieceCode>((codes[move.piece] & ~piece::kTypeMask) | move.promotion);
+    codes[move.piece] =
+        static_cast<PieceCode>((codes[move.piece] & ~piece::kTypeMask) | move.promotion);
   board[move.to] = codes[move.piece];
   squares[move.piece] = move.to;
 }

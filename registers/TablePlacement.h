@@ -7,11 +7,11 @@
 // material (square::kNone once captured). Moves here know no castling and no en passant;
 // the generator treats en passant apart.
 struct TTableMove {
-  std::uint8_t piece = 0;           // index of the moving piece in the material
+  std::uint8_t piece = 0;  // index of the moving piece in the material
   SquareIndex from = 0, to = 0;
-  PieceCode promotion = 0;          // type of the new piece, 0 for none
-  std::int8_t captured = -1;        // index of the captured piece, -1 for none
-  bool bDoubleStep = false;         // a pawn's step of two ranks
+  PieceCode promotion = 0;    // type of the new piece, 0 for none
+  std::int8_t captured = -1;  // index of the captured piece, -1 for none
+  bool bDoubleStep = false;   // a pawn's step of two ranks
 };
 
 // Enough for every move or retraction of the pieces of one side in a table set.

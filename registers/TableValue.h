@@ -12,5 +12,7 @@ constexpr std::uint8_t kNoMate = 254;
 // side by side, two pieces on a square).
 constexpr std::uint8_t kIllegal = 255;
 
-constexpr bool IsMate(std::uint8_t value) { return value <= kMaxMate; }
+constexpr bool IsMate(std::uint8_t value) {
+  return value <= kMaxMate;
+}
 }  // namespace tablevalue

@@ -34,14 +34,16 @@ TTableVerification VerifyTable(const TEndgameTable& table, const CTableLookup::T
         const std::uint8_t stored = table.Value(bWhite, i);
         if (stored == tablevalue::kIllegal) continue;
         TChessboard board;
-        if (!CTableLookup::MakeBoard(table.Material(), squares, bWhite, board, line.data())) continue;
+        if (!CTableLookup::MakeBoard(table.Material(), squares, bWhite, board, line.data()))
+          continue;
         const auto derived = lookup.ValueFromMoves(board);
         ++own.nChecked;
         if (!derived) {
           ++own.nUnknown;
         } else if (*derived != stored) {
           ++own.nWrong;
-          if (own.examples.size() < kMaxExamples) own.examples.push_back(Describe(board, stored, *derived));
+          if (own.examples.size() < kMaxExamples)
+            own.examples.push_back(Describe(board, stored, *derived));
         }
       }
     }

@@ -13,18 +13,25 @@ constexpr const char* kGaviotaPath = "/usr/share/gaviotatb/gtb1";
 
 unsigned char GaviotaPiece(PieceCode code) {
   switch (piece::TypeOf(code)) {
-    case piece::kPawn: return tb_PAWN;
-    case piece::kKnight: return tb_KNIGHT;
-    case piece::kBishop: return tb_BISHOP;
-    case piece::kRook: return tb_ROOK;
-    case piece::kQueen: return tb_QUEEN;
-    default: return tb_KING;
+    case piece::kPawn:
+      return tb_PAWN;
+    case piece::kKnight:
+      return tb_KNIGHT;
+    case piece::kBishop:
+      return tb_BISHOP;
+    case piece::kRook:
+      return tb_ROOK;
+    case piece::kQueen:
+      return tb_QUEEN;
+    default:
+      return tb_KING;
   }
 }
 
 // Our value from the oracle's answer: its distances count plies, ours White's moves.
 std::uint8_t ExpectedValue(unsigned info, unsigned plies, bool bWhiteToMove) {
-  if (info == tb_WMATE) return static_cast<std::uint8_t>(bWhiteToMove ? (plies + 1) / 2 : plies / 2);
+  if (info == tb_WMATE)
+    return static_cast<std::uint8_t>(bWhiteToMove ? (plies + 1) / 2 : plies / 2);
   return tablevalue::kNoMate;
 }
 
