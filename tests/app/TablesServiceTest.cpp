@@ -44,10 +44,10 @@ TEST_F(TablesService, GeneratesWhatIsMissingAndProbesIt) {
   const auto answer = ProbeFen(service, "8/8/8/8/8/8/1Q6/k1K5 b - - 0 1");
   ASSERT_TRUE(answer);
   EXPECT_EQ(answer->valueText, "Black is mated");
-  const auto mateInOne = ProbeFen(service, "k7/8/1K6/8/8/8/8/7Q w - - 0 1");
+  const auto mateInOne = ProbeFen(service, "k7/8/1K6/8/8/8/7Q/8 w - - 0 1");
   ASSERT_TRUE(mateInOne);
   EXPECT_EQ(mateInOne->valueText, "mate in 1");
-  EXPECT_EQ(mateInOne->bestMoves, (std::vector<std::string>{"Qh1-a8", "Qh1-h8"}));
+  EXPECT_EQ(mateInOne->bestMoves, (std::vector<std::string>{"Qh2-h8"}));
   EXPECT_FALSE(ProbeFen(service, "k7/8/1K6/8/8/8/8/6RR w - - 0 1"));  // no KRRK table
   EXPECT_TRUE(messages.empty());
 }
