@@ -22,9 +22,15 @@ struct TTablesArguments {
 // "KQKR [##########----------]  50%", rewritten in place on the terminal.
 void ShowProgress(const std::string& name, double fraction) {
   constexpr int kWidth = 30;
+  static std::string lastName;
+  static int lastPercent = -1;
+  const int percent = static_cast<int>(fraction * 100);
+  if (name == lastName && percent == lastPercent) return;
+  lastName = name;
+  lastPercent = percent;
   const int filled = static_cast<int>(fraction * kWidth);
   std::fprintf(stderr, "\r%-6s [%s%s] %3d%%", name.c_str(), std::string(filled, '#').c_str(),
-               std::string(kWidth - filled, '-').c_str(), static_cast<int>(fraction * 100));
+               std::string(kWidth - filled, '-').c_str(), percent);
   if (fraction >= 1.0) std::fprintf(stderr, "\n");
   std::fflush(stderr);
 }

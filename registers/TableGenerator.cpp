@@ -54,7 +54,9 @@ std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progre
   if (progress) progress(0.3);
   for (int n = 1; n <= tablevalue::kMaxMate; ++n) {
     const bool bChanged = RunRound(static_cast<std::uint8_t>(n));
-    if (progress) progress(0.3 + 0.7 * static_cast<double>(nSettled.load()) / (2.0 * size));
+    if (progress && nLegal.load() > 0)
+      progress(0.3 + 0.7 * static_cast<double>(nSettled.load() + nWhiteSettled.load()) /
+                         static_cast<double>(nLegal.load()));
     if (!bChanged && n > maxPending.load()) break;
   }
   for (std::uint8_t& value : white)
@@ -67,6 +69,7 @@ std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progre
 }
 
 void CTableGenerator::Seed(std::uint64_t begin, std::uint64_t end) {
+  std::uint64_t nLegalHere = 0;
   for (std::uint64_t i = begin; i < end; ++i) {
     SquareIndex squares[TTableMaterial::kMaxPieces];
     if (!index.Decode(i, squares)) {
@@ -82,13 +85,16 @@ void CTableGenerator::Seed(std::uint64_t begin, std::uint64_t end) {
       white[i] = kIllegal;
     } else {
       SeedWhite(p, i);
+      ++nLegalHere;
     }
     if (p.IsInCheck(piece::kWhite)) {
       black[i] = kIllegal;
     } else {
       SeedBlack(p, i);
+      ++nLegalHere;
     }
   }
+  nLegal.fetch_add(nLegalHere, std::memory_order_relaxed);
 }
 
 void CTableGenerator::SeedWhite(const TTablePlacement& p, std::uint64_t i) {
@@ -182,6 +188,7 @@ bool CTableGenerator::RunRound(std::uint8_t n) {
     nSeeded += found;
   });
   nNew += nSeeded.load() + SpreadToWhite(n) + SettleWhiteSteps(n);
+  nWhiteSettled.fetch_add(nNew, std::memory_order_relaxed);
   nNew += SpreadToBlack(n) + SettleBlackSteps(n);
   return nNew != 0;
 }

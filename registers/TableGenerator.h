@@ -65,5 +65,7 @@ class CTableGenerator {
   std::vector<TBlackStep> blackSteps;  // sorted by Black position
   std::mutex stepsMutex;
   std::atomic<std::uint8_t> maxPending{0};  // the highest value that may still be settled
-  std::atomic<std::uint64_t> nSettled{0};
+  std::atomic<std::uint64_t> nSettled{0};   // Black positions with a value
+  std::atomic<std::uint64_t> nWhiteSettled{0};
+  std::atomic<std::uint64_t> nLegal{0};  // positions of either side to move
 };
