@@ -6,5 +6,6 @@
 #include "problems/Problem.h"
 
 // Only the placement counts: White is to move. Throws ChessException with "Improper FEN
-// code" for a text that is not a FEN, or with the position's own error.
+// code" for a text that is not a FEN, or with the position's own error, and for a move count
+// outside 1..TStipulation::kMaxMoves.
 std::unique_ptr<TProblem> DirectMateFromFen(const std::string& fen, int nMoves, int id = 1);

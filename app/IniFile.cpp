@@ -1,16 +1,14 @@
 #include "app/IniFile.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <fstream>
 #include <sstream>
 
-namespace {
+#include "problems/SafeFile.h"
 
-constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
+namespace {
 
 std::string_view Trim(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");
@@ -72,60 +70,52 @@ bool CIniFile::Load(const std::filesystem::path& path) {
   return true;
 }
 
-void CIniFile::Parse(std::string_view text) {
+void CIniFile::Parse(std::string_view bytes) {
+  TDecodedText decoded = DecodeText(bytes);
+  m_encoding = decoded.encoding;
   m_lines.clear();
-  m_bUtf8Bom = text.starts_with(kUtf8Bom);
-  if (m_bUtf8Bom) text.remove_prefix(kUtf8Bom.size());
-  const auto firstEnd = text.find('\n');
-  m_sLineEnd = firstEnd != std::string_view::npos && firstEnd > 0 && text[firstEnd - 1] == '\r'
-                   ? "\r\n"
-                   : "\n";
-  m_bFinalLineEnd = text.empty() || text.back() == '\n';
+  m_sLineEnd = "\n";
+  std::string_view text = decoded.utf8;
   while (!text.empty()) {
-    const auto end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    m_lines.emplace_back(line);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    const auto newline = text.find('\n');
+    TLine line{std::string(text.substr(0, newline)), newline == text.npos ? "" : "\n"};
+    if (!line.end.empty() && line.text.ends_with('\r')) {
+      line.text.pop_back();
+      line.end = "\r\n";
+    }
+    if (m_lines.empty() && !line.end.empty()) m_sLineEnd = line.end;
+    m_lines.push_back(std::move(line));
+    text.remove_prefix(newline == text.npos ? text.size() : newline + 1);
   }
 }
 
 std::string CIniFile::Text() const {
-  std::string text(m_bUtf8Bom ? kUtf8Bom : "");
-  for (std::size_t i = 0; i < m_lines.size(); ++i) {
-    text += m_lines[i];
-    if (i + 1 < m_lines.size() || m_bFinalLineEnd) text += m_sLineEnd;
-  }
-  return text;
+  std::string text;
+  for (const TLine& line : m_lines) text += line.text + line.end;
+  return EncodeText(text, m_encoding);
 }
 
 bool CIniFile::Save(const std::filesystem::path& path) const {
-  std::filesystem::path temporary = path;
-  temporary += ".tmp" + std::to_string(getpid());
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    out << Text();
-    if (!out.flush()) {
-      std::error_code ignored;
-      std::filesystem::remove(temporary, ignored);
-      return false;
-    }
-  }
-  std::error_code error;
-  std::filesystem::rename(temporary, path, error);
-  if (error) std::filesystem::remove(temporary, error);
-  return !error;
+  return !safefile::Save(path.string(), Text());
+}
+
+void CIniFile::InsertLine(std::size_t i, std::string text) {
+  TLine line{std::move(text), m_sLineEnd};
+  if (i == m_lines.size() && i > 0 && m_lines.back().end.empty())
+    std::swap(line.end, m_lines.back().end);
+  m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(i), std::move(line));
 }
 
 std::optional<std::size_t> CIniFile::FindSection(std::string_view section) const {
   for (std::size_t i = 0; i < m_lines.size(); ++i)
-    if (const auto name = SectionName(m_lines[i]); name && EqualNoCase(*name, section)) return i;
+    if (const auto name = SectionName(m_lines[i].text); name && EqualNoCase(*name, section))
+      return i;
   return std::nullopt;
 }
 
 std::size_t CIniFile::SectionEnd(std::size_t nHeaderLine) const {
   std::size_t i = nHeaderLine + 1;
-  while (i < m_lines.size() && !SectionName(m_lines[i])) ++i;
+  while (i < m_lines.size() && !SectionName(m_lines[i].text)) ++i;
   return i;
 }
 
@@ -134,7 +124,8 @@ std::optional<std::size_t> CIniFile::FindKeyLine(std::string_view section,
   const auto header = FindSection(section);
   if (!header) return std::nullopt;
   for (std::size_t i = *header + 1; i < SectionEnd(*header); ++i)
-    if (const auto pair = KeyAndValue(m_lines[i]); pair && EqualNoCase(pair->first, key)) return i;
+    if (const auto pair = KeyAndValue(m_lines[i].text); pair && EqualNoCase(pair->first, key))
+      return i;
   return std::nullopt;
 }
 
@@ -142,7 +133,7 @@ std::optional<std::string> CIniFile::FindString(std::string_view section,
                                                 std::string_view key) const {
   const auto line = FindKeyLine(section, key);
   if (!line) return std::nullopt;
-  std::string_view value = KeyAndValue(m_lines[*line])->second;
+  std::string_view value = KeyAndValue(m_lines[*line].text)->second;
   if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
       value.back() == value.front())
     value = value.substr(1, value.size() - 2);
@@ -165,23 +156,23 @@ int CIniFile::GetInt(std::string_view section, std::string_view key, int nDefaul
 
 void CIniFile::SetString(std::string_view section, std::string_view key, std::string_view value) {
   if (const auto line = FindKeyLine(section, key)) {
-    std::string& text = m_lines[*line];
+    std::string& text = m_lines[*line].text;
     text.erase(text.find('=') + 1);
     text += value;
     return;
   }
-  const std::string newLine = std::string(key) + "=" + std::string(value);
+  std::string newLine = std::string(key) + "=" + std::string(value);
   const auto header = FindSection(section);
   if (!header) {
-    if (!m_lines.empty() && !Trim(m_lines.back()).empty()) m_lines.emplace_back();
-    m_lines.push_back("[" + std::string(section) + "]");
-    m_lines.push_back(newLine);
+    if (!m_lines.empty() && !Trim(m_lines.back().text).empty()) InsertLine(m_lines.size(), "");
+    InsertLine(m_lines.size(), "[" + std::string(section) + "]");
+    InsertLine(m_lines.size(), std::move(newLine));
     return;
   }
   // After the last key of the section, so that blank lines and comments that
   // lead into the next section stay in front of it.
   std::size_t insertAt = *header + 1;
   for (std::size_t i = insertAt; i < SectionEnd(*header); ++i)
-    if (KeyAndValue(m_lines[i])) insertAt = i + 1;
-  m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(insertAt), newLine);
+    if (KeyAndValue(m_lines[i].text)) insertAt = i + 1;
+  InsertLine(insertAt, std::move(newLine));
 }

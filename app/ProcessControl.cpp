@@ -8,6 +8,11 @@ bool ChooseProcessPriority(platform::EPriorityClass priority) {
   return true;
 }
 
+void LowerProcessPriorityAtStart() {
+  platform::LowerProcessPriority(platform::EPriorityClass::BelowNormal);
+  GetProgramState().priorityClass = platform::CurrentPriorityClass();
+}
+
 TAffinityMenuOutcome ToggleProcessorAffinity(const std::vector<bool>& checkMarks, unsigned k,
                                              int nLanguageId) {
   const platform::TAffinityMask processMask = platform::GetProcessAffinityMask().value_or(0);

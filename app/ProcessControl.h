@@ -13,8 +13,13 @@ inline constexpr TTextTwins kAffinityChangedOutside{
     "Settings were changed outside the program.\nRetry the attempt to change settings.",
     "Налаштування було змінено поза програмою.\nПовторіть спробу змінити налаштування."};
 
-// Sets the priority class and, when that worked, remembers it as the current choice.
+// Sets the priority class and, when that worked, remembers it as the current choice. An
+// explicit choice may raise the priority where the system allows it.
 bool ChooseProcessPriority(platform::EPriorityClass priority);
+
+// Start-up lowers the priority to below normal but never raises it: a program started with a
+// lower priority keeps it. Remembers the class the process then runs at.
+void LowerProcessPriorityAtStart();
 
 struct TAffinityMenuOutcome {
   std::optional<std::string> message;  // shown with the information title

@@ -7,7 +7,8 @@
 struct ProgramState {
   bool bSecondInstance = false;  // another copy was running when this one started
   int nLanguageId = 1;
-  // The priority chosen last; the menu marks below normal as recommended.
+  // The priority chosen last, or the class start-up left the process at; the menu marks
+  // below normal as recommended.
   platform::EPriorityClass priorityClass = platform::EPriorityClass::BelowNormal;
   std::filesystem::path guiLogPath;
 };

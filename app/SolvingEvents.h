@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/SolvingRequest.h"
-#include "engine/ThreadSettings.h"
+#include "app/ThreadSettings.h"
 
 class CMateSolver;
 struct TRootOutcome;

@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "app/SolvingRequest.h"
-#include "engine/ThreadSettings.h"
+#include "app/ThreadSettings.h"
 #include "problems/Problem.h"
 
 struct TSolvingPlanSettings {
   ESolvingMode solvingMode = ESolvingMode::SingleSolution;
   TThreadSettings threads = {};
-  bool bQuickMode = true;     // the QuickMode setting
+  bool bQuickMode = true;      // the QuickMode setting
   bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows it
 };
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "app/ThreadSettings.h"
 #include "core/Chessboard.h"
 #include "core/Move.h"
-#include "engine/ThreadSettings.h"
 #include "problems/Problem.h"
 
 // How many keys a solve looks for before it stops.

@@ -37,9 +37,11 @@ void MarkTimedOut(TSolvingResult& result) {
 }
 
 std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
-  return std::make_unique<TChessboardRegister<bool>>(
-      TChessboardRegister<bool>::MaxElementsForPercent(platform::TotalPhysicalMemoryBytes(),
-                                                       settings.nMaxMemRatioForTempReg));
+  auto tempRegister =
+      std::make_unique<TChessboardRegister<bool>>(TChessboardRegister<bool>::MaxElementsForPercent(
+          platform::TotalPhysicalMemoryBytes(), settings.nMaxMemRatioForTempReg));
+  tempRegister->SetLanguage(RegisterLanguageOf(settings.nLanguageId));
+  return tempRegister;
 }
 
 // The machine's defaults; the settings file keeps only whether levels are on, and a

@@ -20,7 +20,7 @@
 #include "app/SolvingEvents.h"
 #include "app/SolvingRequest.h"
 #include "app/TablesService.h"
-#include "engine/ThreadSettings.h"
+#include "app/ThreadSettings.h"
 #include "problems/Problem.h"
 #include "registers/ChessboardRegister.h"
 

@@ -9,7 +9,6 @@
 #include "app/ProcessControl.h"
 #include "app/ProgramState.h"
 #include "app/platform/SingleInstanceLock.h"
-#include "registers/RegisterLanguage.h"
 
 namespace {
 
@@ -47,7 +46,6 @@ std::vector<std::string> SecondInstanceNotes(const CIniFile& settings) {
 
 void ApplyLanguage(int nLanguageId) {
   GetProgramState().nLanguageId = nLanguageId;
-  SetRegisterLanguageId(nLanguageId);
 }
 
 std::vector<std::string> StartProgram(const std::filesystem::path& workFolder) {
@@ -61,7 +59,7 @@ std::vector<std::string> StartProgram(const std::filesystem::path& workFolder) {
     settings.Load(workFolder / "options.ini");
     notes = SecondInstanceNotes(settings);
   }
-  ChooseProcessPriority(platform::EPriorityClass::BelowNormal);
+  LowerProcessPriorityAtStart();
   state.guiLogPath = workFolder / kGuiLogFileName;
   AppendTimedLogLine(state.guiLogPath, "Program opened");
   return notes;

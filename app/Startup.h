@@ -9,8 +9,8 @@ class CIniFile;
 
 // Runs the start-up steps in the given working folder and returns the notes
 // to show the user (the second-instance note when the settings ask for it).
-// Makes every part of the program speak the language of the settings (0 Polish, 2
-// Ukrainian, any other value English), the registers' messages included.
+// Makes the program speak the language of the settings (0 Polish, 2 Ukrainian, any other
+// value English). The registers are told the language by whoever makes them.
 void ApplyLanguage(int nLanguageId);
 
 std::vector<std::string> StartProgram(const std::filesystem::path& workFolder);

@@ -1,15 +1,13 @@
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "app/MedianTiming.h"
 #include "cli/Commands.h"
 #include "problems/Collection.h"
 
@@ -44,18 +42,6 @@ std::string GenerateText(int nProblems) {
     text += "}\n";
   }
   return text;
-}
-
-double MedianSeconds(int nRuns, const std::function<void()>& run) {
-  std::vector<double> seconds;
-  for (int i = 0; i < nRuns; ++i) {
-    const auto start = std::chrono::steady_clock::now();
-    run();
-    seconds.push_back(
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-  }
-  std::sort(seconds.begin(), seconds.end());
-  return seconds[seconds.size() / 2];
 }
 
 void RunBenchRead(const TBenchReadArguments& args) {

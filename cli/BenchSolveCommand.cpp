@@ -1,9 +1,12 @@
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <iostream>
+#include <limits>
 #include <memory>
 
+#include "app/MedianTiming.h"
 #include "app/Options.h"
+#include "app/PublishedKeys.h"
 #include "app/TablesService.h"
 #include "app/TsvTable.h"
 #include "cli/Commands.h"
@@ -19,58 +22,38 @@ struct TBenchSolveArguments {
   bool bAllRows = false;
   int nThreads = 1;
   int nRuns = 1;
-  std::uint32_t nRegisterElements = 20'000'000;
+  std::int64_t nRegisterElements = 20'000'000;  // signed, so that "-1" is refused
   bool bNoTables = false;
 };
 
 struct TTiming {
   double seconds = 0;  // median of the runs
   std::uint64_t nPositions = 0;
-  std::vector<std::string> keys;
+  std::vector<TMove> keys;
   std::uint32_t nRegisterPeak = 0;
 };
 
-// Keys compared by their squares: the reference writes some captures with '-'.
-std::string SortedKeys(std::vector<std::string> keys) {
-  for (auto& key : keys) std::replace(key.begin(), key.end(), ':', '-');
-  std::sort(keys.begin(), keys.end());
+std::string KeyTexts(const TChessboard& start, const std::vector<TMove>& keys) {
   std::string text;
-  for (const auto& key : keys) text += (text.empty() ? "" : " ") + key;
+  for (TMove key : keys) text += (text.empty() ? "" : " ") + notation::MoveToText(start, key);
   return text;
 }
 
-std::vector<std::string> PublishedKeys(const std::string& field) {
-  std::vector<std::string> keys;
-  for (size_t at = 0; at < field.size();) {
-    const size_t end = std::min(field.find_first_of(" ,", at), field.size());
-    if (end > at) keys.push_back(field.substr(at, end - at));
-    at = end + 1;
-  }
-  return keys;
-}
-
-// All solutions with a fresh register per run, so that runs do not help each other.
-// The endgame tables of the working folder stay loaded from one solve to the next.
+// All solutions with a fresh register per run, so that runs do not help each other. The
+// endgame tables of the working folder stay loaded from one solve to the next.
 TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args,
               CTablesService* tables) {
   TTiming timing;
-  std::vector<double> seconds;
-  for (int run = 0; run < args.nRuns; ++run) {
-    TChessboardRegister<bool> reg(args.nRegisterElements);
-    CMateSolver solver(
-        start, nMoves,
-        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg, .pTables = tables});
-    const auto begin = std::chrono::steady_clock::now();
+  timing.seconds = MedianSeconds(args.nRuns, [&] {
+    TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
+    CMateSolver solver(start, nMoves,
+                       {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg,
+                        .pTables = tables});
     const TRootOutcome outcome = solver.Run();
-    seconds.push_back(
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     timing.nPositions = outcome.nPositions;
-    timing.keys.clear();
-    for (TMove key : outcome.keys) timing.keys.push_back(notation::MoveToText(start, key));
+    timing.keys = outcome.keys;
     timing.nRegisterPeak = std::max(timing.nRegisterPeak, reg.GetPeakElementsIn());
-  }
-  std::sort(seconds.begin(), seconds.end());
-  timing.seconds = seconds[seconds.size() / 2];
+  });
   return timing;
 }
 
@@ -85,7 +68,21 @@ double ReferenceSeconds(const CTsvTable::TRow& row) {
   return std::stod(found->second);
 }
 
+std::vector<CTsvTable::TRow> SelectedRows(const TBenchSolveArguments& args) {
+  const CTsvTable table = CTsvTable::Read(args.set);
+  std::vector<CTsvTable::TRow> rows;
+  for (const auto& row : table.Rows())
+    if (Selected(row, args)) rows.push_back(row);
+  if (rows.empty()) {
+    std::cerr << "No row of " << args.set << " is selected"
+              << (args.only.empty() ? "" : " by --only " + args.only) << "\n";
+    throw CommandExit{2};
+  }
+  return rows;
+}
+
 void RunBenchSolve(const TBenchSolveArguments& args) {
+  const std::vector<CTsvTable::TRow> rows = SelectedRows(args);
   const bool bCompare = args.nThreads > 1;
   std::printf("%-20s %3s %9s %12s %11s %9s %7s", "problem", "#", "seconds", "positions", "pos/s",
               "ref s", "ratio");
@@ -96,7 +93,6 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
   double total = 0, referenceTotal = 0, unreferencedTotal = 0, threadedTotal = 0;
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
-  const CTsvTable table = CTsvTable::Read(args.set);
   std::unique_ptr<CTablesService> tables;
   if (!args.bNoTables) {
     for (const std::string& warning : ReadOptions()) std::fprintf(stderr, "%s\n", warning.c_str());
@@ -104,16 +100,15 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
         TablesSettingsFromOptions(Options()),
         [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
   }
-  for (const auto& row : table.Rows()) {
-    if (!Selected(row, args)) continue;
+  for (const auto& row : rows) {
     TChessboard start;
     ClearChessboard(start);
     if (!fen::ReadFen(start, row.at("fen")))
       throw std::runtime_error("Improper FEN code: " + row.at("id"));
     const int nMoves = std::stoi(row.at("n"));
     const TTiming single = Solve(start, nMoves, 1, args, tables.get());
-    const std::string expected = SortedKeys(PublishedKeys(row.at("keys")));
-    bool bRight = SortedKeys(single.keys) == expected;
+    const std::vector<TMove> published = ReadPublishedKeys(row.at("keys"));
+    bool bRight = MatchesPublishedKeys(single.keys, published);
     const double reference = ReferenceSeconds(row);
     nSlower += reference > 0 && single.seconds > reference ? 1 : 0;
     nPeak = std::max(nPeak, single.nRegisterPeak);
@@ -125,11 +120,11 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
                 reference > 0 ? single.seconds / reference : 0);
     if (bCompare) {
       const TTiming threaded = Solve(start, nMoves, args.nThreads, args, tables.get());
-      bRight = bRight && SortedKeys(threaded.keys) == expected;
+      bRight = bRight && MatchesPublishedKeys(threaded.keys, published);
       threadedTotal += threaded.seconds;
       std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
     }
-    std::printf("%s\n", bRight ? "" : ("  WRONG: " + SortedKeys(single.keys)).c_str());
+    std::printf("%s\n", bRight ? "" : ("  WRONG: " + KeyTexts(start, single.keys)).c_str());
     std::fflush(stdout);
     nWrong += bRight ? 0 : 1;
   }
@@ -161,7 +156,8 @@ void AddBenchSolveCommand(CLI::App& bench) {
       ->check(CLI::Range(1, 64));
   command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")
       ->check(CLI::Range(1, 99));
-  command->add_option("--register", args->nRegisterElements, "Register entries");
+  command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
+      ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->add_flag("--no-tables", args->bNoTables,
                     "Solve without the endgame tables of the working folder (Precalc)");
   command->callback([args] { RunBenchSolve(*args); });

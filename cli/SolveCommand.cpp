@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -15,9 +14,12 @@
 #include "app/Formatting.h"
 #include "app/Options.h"
 #include "app/ProgramState.h"
+#include "app/SolveTally.h"
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
 #include "app/Startup.h"
+#include "app/ThreadCountLabel.h"
+#include "app/ThreadSettings.h"
 #include "cli/Commands.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
@@ -38,45 +40,15 @@ struct TSolveArguments {
   std::string threads;
 };
 
-struct TTally {
-  int nProblems = 0, nSolved = 0, nNotFinished = 0, nFailed = 0, nSkipped = 0;
-  int nMatched = 0, nMismatched = 0;
-};
-
-enum class EProblemEnd { Solved, NotFinished, Failed };
-
 [[noreturn]] void BadInput(const std::string& text) {
   std::cerr << text << "\n";
   throw CommandExit{2};
-}
-
-// "T" or "T^L"; fewer than 2 threads always run at one level.
-std::optional<TThreadSettings> ParseThreadSettings(const std::string& text) {
-  const auto ReadNumber = [](std::string_view digits, unsigned& value) {
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return error == std::errc() && end == digits.data() + digits.size() && value >= 1 &&
-           value <= 64;
-  };
-  const std::size_t caret = text.find('^');
-  TThreadSettings settings;
-  if (!ReadNumber(std::string_view(text).substr(0, caret), settings.nThreads)) return std::nullopt;
-  if (caret != std::string::npos &&
-      !ReadNumber(std::string_view(text).substr(caret + 1), settings.nLevels))
-    return std::nullopt;
-  if (settings.nThreads < 2) settings.nLevels = 1;
-  if (!IsAdmissibleThreadTotal(settings.nThreads, settings.nLevels)) return std::nullopt;
-  return settings;
 }
 
 std::string MovesText(const std::vector<std::string>& moves) {
   std::string text;
   for (const std::string& move : moves) text += (text.empty() ? "" : " ") + move;
   return text.empty() ? "-" : text;
-}
-
-int ThreadLabelMode(ESolvingMode mode) {
-  if (mode == ESolvingMode::SingleSolution) return 1;
-  return mode == ESolvingMode::AllSolutions ? 2 : 0;
 }
 
 void PrintPass(const SolvingRequest& request, const std::vector<std::string>& reportLines) {
@@ -90,75 +62,55 @@ void PrintPass(const SolvingRequest& request, const std::vector<std::string>& re
               FormatCount(static_cast<std::uint32_t>(nCount)).c_str());
 }
 
-// Prints the answer check of a finished pass and returns it.
-EAnswerCheck PrintAnswerCheck(const SolvingRequest& request) {
+// Prints the answer check of a finished pass.
+void PrintAnswerCheck(const SolvingRequest& request) {
   const EAnswerCheck check = CheckAnswer(request);
-  if (check == EAnswerCheck::NotRecorded) return check;
+  if (check == EAnswerCheck::NotRecorded) return;
   std::vector<std::string> recorded;
   for (TMove move : request.pProblem->answer)
     recorded.push_back(notation::MoveToText(request.pProblem->start, move));
   std::printf("Answer %s: %s\n", MovesText(recorded).c_str(),
               check == EAnswerCheck::Matched ? "matched" : "MISMATCHED");
-  return check;
 }
 
-struct TProblemEnd {
-  EProblemEnd end = EProblemEnd::Solved;
-  EAnswerCheck check = EAnswerCheck::NotRecorded;  // over all passes, when solved
-};
-
 // Prints what each pass of the solve that just ended found.
-TProblemEnd PrintPasses(const CSolvingSession& session, EWaitOutcome waited) {
-  TProblemEnd outcome;
-  if (waited == EWaitOutcome::TimedOut) outcome.end = EProblemEnd::NotFinished;
+void PrintPasses(const CSolvingSession& session) {
   for (const auto& request : session.Requests()) {
     const TSolvingResult& result = request->result;
     if (!result.bRun) continue;
     PrintPass(*request, CompletionReport(Options().nLanguageId, request->Label(), result));
-    if (!result.sError.empty()) outcome.end = EProblemEnd::Failed;
-    if (!result.sError.empty() || result.bStopped) continue;
-    const EAnswerCheck check = PrintAnswerCheck(*request);
-    if (outcome.check != EAnswerCheck::Mismatched && check != EAnswerCheck::NotRecorded)
-      outcome.check = check;
+    if (result.sError.empty() && !result.bStopped) PrintAnswerCheck(*request);
   }
-  return outcome;
-}
-
-void Count(const TProblemEnd& outcome, TTally& tally) {
-  tally.nSolved += outcome.end == EProblemEnd::Solved ? 1 : 0;
-  tally.nNotFinished += outcome.end == EProblemEnd::NotFinished ? 1 : 0;
-  tally.nFailed += outcome.end == EProblemEnd::Failed ? 1 : 0;
-  if (outcome.end != EProblemEnd::Solved) return;
-  tally.nMatched += outcome.check == EAnswerCheck::Matched ? 1 : 0;
-  tally.nMismatched += outcome.check == EAnswerCheck::Mismatched ? 1 : 0;
 }
 
 // Solves one problem and prints what its passes found.
 void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
-                  const std::optional<TThreadSettings>& threads, TTally& tally) {
-  ++tally.nProblems;
+                  const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
   const std::string title =
       "Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text();
   if (problem.stipulation.type != TStipulation::kDirectMate) {
     std::printf("Problem %d skipped: not a direct mate\n\n", problem.id);
-    ++tally.nSkipped;
+    tally.CountSkipped();
     return;
   }
-  if (const auto refusal =
-          session.Start({.pProblem = &problem, .bFindAll = args.bAll, .threads = threads,
-                         .bMirrorSwitch = args.bMirror})) {
+  if (const auto refusal = session.Start({.pProblem = &problem,
+                                          .bFindAll = args.bAll,
+                                          .threads = threads,
+                                          .bMirrorSwitch = args.bMirror})) {
     std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
-    Count({.end = EProblemEnd::Failed}, tally);
+    tally.Count({.end = EProblemEnd::Failed});
     return;
   }
   const SolvingRequest& first = *session.Requests().front();
-  std::printf("%s: %s%s\n", title.c_str(),
-              ThreadCountLabel(first.threads.nThreads, ThreadLabelMode(first.solvingMode)).c_str(),
-              Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
+  std::printf(
+      "%s: %s%s\n", title.c_str(),
+      ThreadCountLabel(first.threads.nThreads, ThreadLabelModeOf(first.solvingMode)).c_str(),
+      Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
   std::fflush(stdout);
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
-  Count(PrintPasses(session, waited), tally);
+  PrintPasses(session);
+  tally.Count(ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut));
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
@@ -184,7 +136,10 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
   for (int id : args.problemIds) {
     const TProblem* problem = collection.Find(id);
     if (!problem) BadInput("No problem " + std::to_string(id) + " in " + args.file);
-    problems.push_back(problem);
+    if (std::find(problems.begin(), problems.end(), problem) != problems.end())
+      std::cerr << "--problem names " << id << " more than once; it is solved once\n";
+    else
+      problems.push_back(problem);
   }
   if (args.problemIds.empty())
     for (const auto& [id, problem] : collection.Problems()) problems.push_back(problem.get());
@@ -203,13 +158,27 @@ class CProgramLifetime {
   CProgramLifetime& operator=(const CProgramLifetime&) = delete;
 };
 
-void RunSolve(const TSolveArguments& args) {
+// Refuses options that belong to the other kind of source: a file, or a FEN with --mate.
+void CheckSource(const TSolveArguments& args) {
   if (args.fen.empty() == args.file.empty()) BadInput("Give either a problem file or --fen");
   if (!args.fen.empty() && args.nMate < 1) BadInput("--fen needs --mate N (N >= 1)");
-  std::optional<TThreadSettings> threads;
-  if (!args.threads.empty() && !(threads = ParseThreadSettings(args.threads)))
-    BadInput("Improper --threads " + args.threads + ": T or T^L, 1..64 each, at most " +
-             "32766 threads in all");
+  if (args.fen.empty() && args.nMate != 0)
+    BadInput("--mate goes with --fen; a file's problems have their own");
+  if (!args.fen.empty() && !args.problemIds.empty())
+    BadInput("--problem picks problems of a file, not of --fen");
+}
+
+std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  const TThreadSettingsReading reading = ReadThreadSettings(text);
+  if (!reading.settings) BadInput("--threads " + reading.sRefusal);
+  for (const std::string& note : reading.notes) std::cerr << "--threads " << note << "\n";
+  return reading.settings;
+}
+
+void RunSolve(const TSolveArguments& args) {
+  CheckSource(args);
+  const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
@@ -223,17 +192,13 @@ void RunSolve(const TSolveArguments& args) {
         return true;
       }});
   const auto start = std::chrono::steady_clock::now();
-  TTally tally;
+  CSolveTally tally;
   for (const TProblem* problem : problems) SolveProblem(session, *problem, args, threads, tally);
   const auto nSeconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start)
           .count();
-  std::printf(
-      "Solved %d of %d problems (%d not finished, %d failed, %d skipped); answers matched %d, "
-      "mismatched %d; time %s\n",
-      tally.nSolved, tally.nProblems, tally.nNotFinished, tally.nFailed, tally.nSkipped,
-      tally.nMatched, tally.nMismatched, FormatElapsed(nSeconds).c_str());
-  if (tally.nNotFinished + tally.nFailed + tally.nMismatched > 0) throw CommandExit{1};
+  std::printf("%s\n", tally.SummaryText(nSeconds).c_str());
+  if (tally.HasFailures()) throw CommandExit{1};
 }
 
 }  // namespace
@@ -247,10 +212,11 @@ void AddSolveCommand(CLI::App& app) {
   command->add_option("--problem", args->problemIds, "ids of the problems to solve (default all)")
       ->delimiter(',');
   command->add_option("--fen", args->fen, "solve this position instead of a file");
-  command->add_option("--mate", args->nMate, "the N of #N for --fen");
+  command->add_option("--mate", args->nMate, "the N of #N for --fen")
+      ->check(CLI::Range(1, TStipulation::kMaxMoves));
   command->add_flag("--all", args->bAll, "find all solutions, whatever the problem asks for");
   command->add_option("--time-limit", args->nTimeLimitSeconds, "seconds per problem")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
   command->add_flag("--quiet", args->bQuiet, "no progress line on stderr");
   command->add_flag("--mirror", args->bMirror,
                     "also solve the position mirrored left to right (a check of the first pass)");

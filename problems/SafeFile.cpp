@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +13,42 @@
 
 namespace safefile {
 namespace {
+
+thread_local TFaultSeam* faultSeam = nullptr;
+
+// Counts the operation; true when the seam fails it, with errno set.
+bool FaultInjected() {
+  if (faultSeam == nullptr || ++faultSeam->nOperations != faultSeam->nFailingOperation)
+    return false;
+  errno = faultSeam->nErrno;
+  return true;
+}
+
+int MakeTemp(char* pattern) {
+  return FaultInjected() ? -1 : ::mkstemp(pattern);
+}
+
+ssize_t WriteSome(int fd, const char* data, std::size_t size) {
+  if (FaultInjected()) return -1;
+  return ::write(fd, data, faultSeam ? std::min(size, faultSeam->nMaxWriteBytes) : size);
+}
+
+int Sync(int fd) {
+  return FaultInjected() ? -1 : ::fsync(fd);
+}
+
+// The descriptor is closed even when the seam fails the call, as the system does.
+int Close(int fd) {
+  const bool bFail = FaultInjected();
+  const int nInjected = errno;
+  if (::close(fd) != 0) return -1;
+  if (bFail) errno = nInjected;
+  return bFail ? -1 : 0;
+}
+
+int Rename(const char* from, const char* to) {
+  return FaultInjected() ? -1 : ::rename(from, to);
+}
 
 // A link is followed so that the file it names is replaced, not the link.
 std::string ResolvedTarget(const std::string& path) {
@@ -40,10 +77,10 @@ class CTempFile {
     if (!bRenamed) ::unlink(name.c_str());
   }
 
-  bool Create(const TFileCalls& calls) {
+  bool Create() {
     std::vector<char> pattern(name.begin(), name.end());
     pattern.push_back('\0');
-    fd = calls.makeTemp(pattern.data());
+    fd = MakeTemp(pattern.data());
     name = pattern.data();
     return fd >= 0;
   }
@@ -54,9 +91,9 @@ class CTempFile {
     ::fchmod(fd, ::stat(target.c_str(), &info) == 0 ? info.st_mode & 07777 : 0644);
   }
 
-  bool WriteAll(const TFileCalls& calls, std::string_view content) {
+  bool WriteAll(std::string_view content) {
     while (!content.empty()) {
-      const ssize_t n = calls.write(fd, content.data(), content.size());
+      const ssize_t n = WriteSome(fd, content.data(), content.size());
       if (n < 0 && errno == EINTR) continue;
       if (n <= 0) {
         if (n == 0) errno = ENOSPC;
@@ -67,15 +104,15 @@ class CTempFile {
     return true;
   }
 
-  bool SyncAndClose(const TFileCalls& calls) {
-    if (calls.sync(fd) != 0) return false;
+  bool SyncAndClose() {
+    if (Sync(fd) != 0) return false;
     const int closing = fd;
     fd = -1;
-    return ::close(closing) == 0;
+    return Close(closing) == 0;
   }
 
-  bool RenameTo(const TFileCalls& calls, const std::string& target) {
-    bRenamed = calls.rename(name.c_str(), target.c_str()) == 0;
+  bool RenameTo(const std::string& target) {
+    bRenamed = Rename(name.c_str(), target.c_str()) == 0;
     return bRenamed;
   }
 
@@ -87,19 +124,16 @@ class CTempFile {
 
 }  // namespace
 
-const TFileCalls& SystemCalls() {
-  static const TFileCalls calls{::mkstemp, ::write, ::fsync, ::rename};
-  return calls;
+void SetFaultSeam(TFaultSeam* seam) {
+  faultSeam = seam;
 }
 
-std::optional<std::string> Save(const std::string& path, std::string_view content,
-                                const TFileCalls& calls) {
+std::optional<std::string> Save(const std::string& path, std::string_view content) {
   const std::string target = ResolvedTarget(path);
   CTempFile temp(target);
-  if (!temp.Create(calls)) return "Error opening file: " + path;
+  if (!temp.Create()) return "Error opening file: " + path;
   temp.CopyMode(target);
-  if (!temp.WriteAll(calls, content) || !temp.SyncAndClose(calls) ||
-      !temp.RenameTo(calls, target)) {
+  if (!temp.WriteAll(content) || !temp.SyncAndClose() || !temp.RenameTo(target)) {
     return "Error writing file: " + path + ": " + std::strerror(errno);
   }
   SyncFolderOf(target);

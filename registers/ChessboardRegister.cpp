@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/ChessException.h"
-#include "registers/RegisterLanguage.h"
 
 namespace {
 // Share of the quota given to entries, and the memory one entry is reckoned to cost.
@@ -16,8 +15,9 @@ constexpr auto kEvictionMergeWindow = std::chrono::milliseconds(16);
 // Eviction never reaches beyond this move count.
 constexpr std::uint16_t kLastEvictedMoves = 255;
 
-std::string IncoherenceText(bool bDefence) {
-  if (RegisterLanguageId() != 0) return "Incoherent information in TChessboardRegister::Insert()";
+std::string IncoherenceText(bool bDefence, ERegisterLanguage language) {
+  if (language == ERegisterLanguage::English)
+    return "Incoherent information in TChessboardRegister::Insert()";
   return bDefence ? "Sprzeczna informacja w TChessboardRegister::InsertDefence()"
                   : "Sprzeczna informacja w TChessboardRegister::Insert()";
 }
@@ -91,7 +91,7 @@ void TChessboardRegister<bool>::InsertAnswer(std::uint16_t n, const TChessboardR
     return;
   }
   if (insertion.known != kRegisterUnknown && insertion.known != newAnswer) {
-    throw ChessException(IncoherenceText(bDefence));
+    throw ChessException(IncoherenceText(bDefence, language.load(std::memory_order_relaxed)));
   }
   if (!insertion.bAdded) return;
   if (!bDefence) RaisePeak(ElementsIn.load(std::memory_order_relaxed));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "registers/ChessboardRegisterItem.h"
+#include "registers/RegisterLanguage.h"
 #include "registers/RegisterShards.h"
 #include "registers/SubproblemRegisterInfo.h"
 
@@ -60,6 +61,8 @@ class TChessboardRegister<bool> {
   virtual void EmptySomeDataWhenRegisterFull(bool bForce);
   void Clear();
   void Compact();
+  // The language of the messages the register throws; English until told otherwise.
+  void SetLanguage(ERegisterLanguage value) { language.store(value, std::memory_order_relaxed); }
 
   // Binds the register to a problem: when problemKey differs from the one held, empties the
   // register and reads the problem's solved-positions file. Returns whether it did.
@@ -104,4 +107,5 @@ class TChessboardRegister<bool> {
   std::mutex evictionMutex;
   std::optional<std::chrono::steady_clock::time_point> lastEviction;  // under evictionMutex
   std::optional<TChessboardRegisterItem> boundProblem;
+  std::atomic<ERegisterLanguage> language{ERegisterLanguage::English};
 };

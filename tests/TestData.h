@@ -9,6 +9,9 @@ namespace testdata {
 
 using TRow = std::map<std::string, std::string>;
 
+// The path of a file of ../shared/data.
+std::string PathOf(const std::string& fileName);
+
 // Reads a tab-separated file of ../shared/data with a header line.
 std::vector<TRow> ReadTsv(const std::string& fileName);
 

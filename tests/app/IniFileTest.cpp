@@ -75,6 +75,63 @@ TEST(IniFile, SetStringEditsOnlyWhatItMust) {
   }
 }
 
+// The bytes of a UTF-16 text with its byte-order mark.
+std::string Utf16Bytes(std::u16string_view text, bool bBigEndian) {
+  std::string bytes;
+  for (char16_t unit : std::u16string(1, u'\uFEFF') + std::u16string(text)) {
+    const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+    bytes += bBigEndian ? high : low;
+    bytes += bBigEndian ? low : high;
+  }
+  return bytes;
+}
+
+std::string Utf8Bytes(std::u8string_view text, bool bBom) {
+  return (bBom ? "\xEF\xBB\xBF" : "") + std::string(text.begin(), text.end());
+}
+
+// Settings files saved by other editors: every encoding and line end is read, and a key
+// written goes into the file in the same encoding, beside lines that stay as they were.
+TEST(IniFile, ForeignEncodingsAreReadAndWrittenBackInTheirOwn) {
+  enum class EForm { Utf8, Utf8Bom, Utf16Le, Utf16Be };
+  const std::u16string before16 =
+      u"; Łódź \U0001D11E\r\n[chess]\r\nLanguageId=0\nPrecalcPath=C:\\Szachy\\Łódź\r\n";
+  const std::u16string after16 =
+      u"; Łódź \U0001D11E\r\n[chess]\r\nLanguageId=2\nPrecalcPath=C:\\Szachy\\Łódź\r\n"
+      u"QuickMode=0\r\n";
+  const std::u8string before8 =
+      u8"; Łódź \U0001D11E\r\n[chess]\r\nLanguageId=0\nPrecalcPath=C:\\Szachy\\Łódź\r\n";
+  const std::u8string after8 =
+      u8"; Łódź \U0001D11E\r\n[chess]\r\nLanguageId=2\nPrecalcPath=C:\\Szachy\\Łódź\r\n"
+      u8"QuickMode=0\r\n";
+  const auto Bytes = [&](EForm form, bool bAfter) {
+    switch (form) {
+      case EForm::Utf16Le:
+      case EForm::Utf16Be:
+        return Utf16Bytes(bAfter ? after16 : before16, form == EForm::Utf16Be);
+      case EForm::Utf8:
+      case EForm::Utf8Bom:
+        break;
+    }
+    return Utf8Bytes(bAfter ? after8 : before8, form == EForm::Utf8Bom);
+  };
+  const std::u8string path8 = u8"C:\\Szachy\\Łódź";
+  CTempFolder folder;
+  for (EForm form : {EForm::Utf8, EForm::Utf8Bom, EForm::Utf16Le, EForm::Utf16Be}) {
+    const auto path = folder / "options.ini";
+    WriteTextFile(path, Bytes(form, false));
+    CIniFile ini;
+    ASSERT_TRUE(ini.Load(path));
+    EXPECT_EQ(ini.GetInt("chess", "LanguageId", 1), 0) << static_cast<int>(form);
+    EXPECT_EQ(ini.GetString("chess", "PrecalcPath", ""), std::string(path8.begin(), path8.end()))
+        << static_cast<int>(form);
+    ini.SetString("chess", "LanguageId", "2");
+    ini.SetString("chess", "QuickMode", "0");
+    ASSERT_TRUE(ini.Save(path));
+    EXPECT_EQ(ReadTextFile(path), Bytes(form, true)) << static_cast<int>(form);
+  }
+}
+
 TEST(IniFile, SaveReplacesTheFileAndLeavesNoTemporary) {
   CTempFolder folder;
   const auto path = folder / "options.ini";

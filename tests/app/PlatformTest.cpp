@@ -5,6 +5,9 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
 #include <thread>
 
 #include "app/ProcessControl.h"
@@ -126,6 +129,55 @@ TEST(Priority, BelowNormalReachesEveryThreadAndIsRemembered) {
   EXPECT_EQ(GetProgramState().priorityClass, EPriorityClass::BelowNormal);
   EXPECT_EQ(getpriority(PRIO_PROCESS, static_cast<id_t>(other.Tid())), 5);
   EXPECT_EQ(getpriority(PRIO_PROCESS, 0), 5);
+}
+
+// Start-up runs in a child process started at a given nice level, with a second thread that
+// inherits it; the child reports both threads' levels and the class it remembers. A child
+// keeps the test program's own level untouched, and as root it shows that start-up does
+// not use the privilege to raise a low priority.
+TEST(Priority, StartUpLowersButNeverRaises) {
+  struct TCase {
+    int nStartNice;
+    int nExpectedNice;
+    const char* szRemembered;  // the EPriorityClass value, as a number
+  };
+  const TCase cases[] = {
+      {0, 5, "3"},    // below normal
+      {5, 5, "3"},    // already there
+      {10, 10, "3"},  // between below normal and idle: kept, shown as below normal
+      {19, 19, "4"},  // idle stays idle
+  };
+  errno = 0;
+  const int nOwnNice = getpriority(PRIO_PROCESS, 0);
+  for (const TCase& c : cases) {
+    if (c.nStartNice < nOwnNice && geteuid() != 0) continue;  // cannot start the child there
+    const std::string expected = "nice " + std::to_string(c.nExpectedNice) + " " +
+                                 std::to_string(c.nExpectedNice) + " class " + c.szRemembered;
+    EXPECT_EXIT(
+        {
+          setpriority(PRIO_PROCESS, 0, c.nStartNice);
+          CIdleThread other;
+          LowerProcessPriorityAtStart();
+          std::fprintf(stderr, "nice %d %d class %d\n", getpriority(PRIO_PROCESS, 0),
+                       getpriority(PRIO_PROCESS, static_cast<id_t>(other.Tid())),
+                       static_cast<int>(GetProgramState().priorityClass));
+          std::fflush(stderr);
+          std::_Exit(0);
+        },
+        testing::ExitedWithCode(0), expected)
+        << "started at nice " << c.nStartNice;
+  }
+}
+
+TEST(Priority, NiceLevelsShowAsTheNearestClassAbove) {
+  const std::pair<int, EPriorityClass> cases[] = {
+      {19, EPriorityClass::Idle},       {18, EPriorityClass::BelowNormal},
+      {5, EPriorityClass::BelowNormal}, {4, EPriorityClass::Normal},
+      {0, EPriorityClass::Normal},      {-1, EPriorityClass::AboveNormal},
+      {-10, EPriorityClass::High},      {-20, EPriorityClass::High},
+  };
+  for (const auto& [nice, expected] : cases)
+    EXPECT_EQ(platform::PriorityClassOfNiceLevel(nice), expected) << nice;
 }
 
 TEST(Priority, EveryClassEitherAppliesOrFailsCleanly) {

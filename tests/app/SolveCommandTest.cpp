@@ -1,4 +1,4 @@
-// The exit statuses of "longmate solve", run as a program beside the test program.
+// The exit statuses of "longmate", run as a program beside the test program.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -21,10 +21,33 @@ constexpr const char* kCollection =
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
     "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
 
-TEST(SolveCommand, ExitStatuses) {
-  if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
+struct TRun {
+  int nStatus = -1;
+  std::string out, err;
+};
+
+// A folder holding the collection above, in which longmate runs.
+class SolveCommand : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
+    WriteTextFile(folder / "problems.cp", kCollection);
+  }
+
+  // Returns the exit status and the output streams.
+  TRun Run(const std::string& arguments) const {
+    const std::string command = "cd '" + folder.Path().string() + "' && '" +
+                                LongmatePath().string() + "' " + arguments +
+                                " > out.txt 2> err.txt";
+    const int nWaitStatus = std::system(command.c_str());
+    return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1,
+            ReadTextFile(folder / "out.txt"), ReadTextFile(folder / "err.txt")};
+  }
+
   CTempFolder folder;
-  WriteTextFile(folder / "problems.cp", kCollection);
+};
+
+TEST_F(SolveCommand, ExitStatuses) {
   const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-04273");
   const struct {
     std::string arguments;
@@ -39,18 +62,43 @@ TEST(SolveCommand, ExitStatuses) {
       {"missing.cp", 2, ""},
       {"problems.cp --problem 4", 2, ""},
       {"problems.cp --threads 32^3", 2, ""},
+      {"problems.cp --problem 1,1", 0, "Solved 1 of 1 problems"},
       {"--fen 8/8/8 --mate 2", 2, ""},
       {"--fen 4k3/8/8/8/8/8/8/4RK2 --mate 2", 2, ""},  // Black in check
   };
   for (const auto& c : cases) {
-    const std::string command = "cd '" + folder.Path().string() + "' && '" +
-                                LongmatePath().string() + "' solve --quiet " + c.arguments +
-                                " > out.txt 2> err.txt";
-    const int nWaitStatus = std::system(command.c_str());
-    ASSERT_TRUE(WIFEXITED(nWaitStatus)) << c.arguments;
-    EXPECT_EQ(WEXITSTATUS(nWaitStatus), c.nStatus) << c.arguments << "\n"
-                                                   << ReadTextFile(folder / "err.txt");
-    EXPECT_THAT(ReadTextFile(folder / "out.txt"), ::testing::HasSubstr(c.szOutput)) << c.arguments;
+    const TRun run = Run("solve --quiet " + c.arguments);
+    EXPECT_EQ(run.nStatus, c.nStatus) << c.arguments << "\n" << run.err;
+    EXPECT_THAT(run.out, ::testing::HasSubstr(c.szOutput)) << c.arguments;
+  }
+}
+
+// Numbers out of range are refused with a message that names the option, never wrapped
+// around or cut back in silence. Each is refused before any work starts.
+TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
+  const std::string fen = "--fen 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8";
+  const std::string perftFile = "--file '" + testdata::PathOf("perft.tsv") + "'";
+  const std::pair<std::string, const char*> cases[] = {
+      {"solve " + fen + " --mate 40000", "--mate"},
+      {"solve " + fen + " --mate 127", "--mate"},
+      {"solve " + fen + " --mate 2 --problem 1", "--problem"},
+      {"solve problems.cp --mate 2", "--mate"},
+      {"solve problems.cp --time-limit 0", "--time-limit"},
+      {"solve problems.cp --threads 65", "--threads"},
+      {"solve problems.cp --threads 4^0", "--threads"},
+      {"solve problems.cp --problem 99999999999", "--problem"},
+      {"perft '4k3/8/8/8/8/8/8/4K2R w K - 0 1' 13", "DEPTH"},
+      {"bench perft " + perftFile + " --max-nodes -5", "--max-nodes"},
+      {"bench perft " + perftFile + " --max-nodes 5", "5 nodes or fewer"},
+      {"bench solve --register -1", "--register"},
+      {"bench solve --register 4294967296", "--register"},
+      {"bench solve --threads 0", "--threads"},
+      {"bench read --problems 0", "--problems"},
+  };
+  for (const auto& [arguments, szNamed] : cases) {
+    const TRun run = Run(arguments);
+    EXPECT_EQ(run.nStatus, 2) << arguments << "\n" << run.err;
+    EXPECT_THAT(run.err, ::testing::HasSubstr(szNamed)) << arguments;
   }
 }
 

@@ -7,7 +7,6 @@
 #include "app/Startup.h"
 #include "app/TempFolder.h"
 #include "app/platform/SingleInstanceLock.h"
-#include "registers/ChessboardRegister.h"
 
 namespace {
 
@@ -33,27 +32,6 @@ TEST(Startup, SecondInstanceNoteOnlyAboveOne) {
   // Before the settings are loaded the language defaults to Polish.
   EXPECT_THAT(NotesFor(""), ElementsAre(SecondInstanceNoteText(0)));
   EXPECT_TRUE(SecondInstanceNoteText(0).starts_with("Uwaga:"));
-}
-
-// The registers sit below the application and learn the language from it.
-TEST(Startup, LanguageReachesTheRegisters) {
-  TChessboardRegister<bool> reg(100);
-  TChessboardRegisterItem key;
-  key.bytes[0] = 1;
-  reg.Insert(5, key, 1);
-  const auto IncoherenceText = [&] {
-    try {
-      reg.Insert(7, key, 0);
-    } catch (const std::exception& e) {
-      return std::string(e.what());
-    }
-    return std::string("no exception");
-  };
-  ApplyLanguage(0);
-  EXPECT_EQ(IncoherenceText(), "Sprzeczna informacja w TChessboardRegister::Insert()");
-  EXPECT_EQ(GetProgramState().nLanguageId, 0);
-  ApplyLanguage(1);
-  EXPECT_EQ(IncoherenceText(), "Incoherent information in TChessboardRegister::Insert()");
 }
 
 TEST(Startup, LocalTimeFormat) {

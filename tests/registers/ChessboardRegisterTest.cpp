@@ -37,12 +37,6 @@ std::uint8_t Ask(const TRegister& reg, bool bDefence, std::uint16_t n) {
   return bDefence ? reg.FindDefenceAnswer(n, Key(1)) : reg.FindAnswer(n, Key(1));
 }
 
-// Restores English texts after a test that switched to Polish.
-struct CPolishTexts {
-  CPolishTexts() { SetRegisterLanguageId(0); }
-  ~CPolishTexts() { SetRegisterLanguageId(1); }
-};
-
 }  // namespace
 
 TEST(ChessboardRegister, LookupFollowsTheMonotonyOfEachSide) {
@@ -97,10 +91,14 @@ TEST(ChessboardRegister, ContradictingAnswersThrowInBothLanguages) {
     TRegister reg(kRoomy);
     File(reg, c.first);
     EXPECT_THAT([&] { File(reg, c.second); }, ThrowsMessage<ChessException>(StrEq(english)));
-    CPolishTexts polish;
+    reg.SetLanguage(ERegisterLanguage::Polish);
     EXPECT_THAT([&] { File(reg, c.second); }, ThrowsMessage<ChessException>(StrEq(c.polish)));
     EXPECT_EQ(Ask(reg, c.first.bDefence, c.first.n), c.first.answer);
   }
+  // The program's Ukrainian setting gets the English texts.
+  EXPECT_EQ(RegisterLanguageOf(0), ERegisterLanguage::Polish);
+  EXPECT_EQ(RegisterLanguageOf(1), ERegisterLanguage::English);
+  EXPECT_EQ(RegisterLanguageOf(2), ERegisterLanguage::English);
 }
 
 TEST(ChessboardRegister, KnownAnswersAreNotFiledAgain) {

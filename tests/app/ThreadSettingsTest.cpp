@@ -1,11 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "engine/ThreadSettings.h"
+#include "app/ThreadControls.h"
+#include "app/ThreadCountLabel.h"
+#include "app/ThreadSettings.h"
 
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using enum EThreadSettingsMessage;
 
@@ -90,23 +93,64 @@ TEST(ThreadSettings, BoardViewControlStepsWithinOneToThirtyTwo) {
         << c.nThreads << "^" << c.nLevels << (c.bUpper ? " up" : " down");
 }
 
-TEST(ThreadSettings, StackSizeHasAOneMegabyteFloor) {
-  EXPECT_EQ(SolvingThreadStackSize(0), 1u << 20);
-  EXPECT_EQ(SolvingThreadStackSize(512), 1u << 20);
-  EXPECT_EQ(SolvingThreadStackSize(513), 513u * 2048);
-  EXPECT_EQ(SolvingThreadStackSize(65535), 65535u * 2048);
-}
-
-TEST(ThreadSettings, LabelNamesTheSolvingMode) {
-  const std::tuple<std::size_t, int, const char*> cases[] = {
-      {4, 1, "SnglSolution, 4thrd(s)"},
-      {4, 5, "SnglSolution, 4thrd(s)"},
-      {16, 2, "AllSolutions,16thrd(s)"},
-      {4, 6, "AllSolutions, 4thrd(s)"},
-      {4, 0, " 4thrd(s)"},
-      {128, 3, "128thrd(s)"},
+TEST(ThreadSettings, LabelNamesWhatTheSolveLooksFor) {
+  using enum EThreadLabelMode;
+  const std::tuple<std::size_t, EThreadLabelMode, const char*> cases[] = {
+      {4, SingleSolution, "SnglSolution, 4thrd(s)"},
+      {16, AllSolutions, "AllSolutions,16thrd(s)"},
+      {4, CountOnly, " 4thrd(s)"},
+      {128, CountOnly, "128thrd(s)"},
   };
   for (const auto& [threads, mode, text] : cases) EXPECT_EQ(ThreadCountLabel(threads, mode), text);
+  EXPECT_EQ(ThreadLabelModeOf(ESolvingMode::SingleSolution), SingleSolution);
+  EXPECT_EQ(ThreadLabelModeOf(ESolvingMode::AllSolutions), AllSolutions);
+  EXPECT_EQ(ThreadLabelModeOf(ESolvingMode::StopOnDual), CountOnly);
+  EXPECT_EQ(ThreadLabelModeOf(ESolvingMode::StopOn3Sol), CountOnly);
+}
+
+// "T^L" as the user types it: refused with a reason, or read, with a note where what runs
+// differs from what was asked.
+TEST(ThreadSettings, TypedSettingsAreReadRefusedOrExplained) {
+  struct TCase {
+    const char* szText;
+    std::optional<TThreadSettings> expected;
+    const char* szMessage;  // in the refusal, or in the one note; "" for neither
+  };
+  const TCase cases[] = {
+      {"4", TThreadSettings{4, 1}, ""},
+      {"4^2", TThreadSettings{4, 2}, ""},
+      {"16^2", TThreadSettings{16, 2}, ""},  // 256 threads at once, all of them run
+      {"64^2", TThreadSettings{64, 2},
+       "\"64^2\" asks for 4096 threads at once; the engine runs "
+       "256, its most"},
+      {"17^2", TThreadSettings{17, 2}, "asks for 289 threads at once"},
+      {"1^5", TThreadSettings{1, 1}, "\"1^5\": one thread runs at one level"},
+      {"31^3", TThreadSettings{31, 3}, "the engine runs 256"},
+      {"32^3", std::nullopt,
+       "\"32^3\" is too many threads: t + t^2 + ... + t^L must stay below "
+       "32767"},
+      {"0", std::nullopt, "\"0\": threads and levels go from 1 to 64"},
+      {"65", std::nullopt, "go from 1 to 64"},
+      {"4^0", std::nullopt, "go from 1 to 64"},
+      {"4^65", std::nullopt, "go from 1 to 64"},
+      {"4294967300", std::nullopt, "is not T or T^L"},  // does not wrap to 4
+      {"", std::nullopt, "\"\" is not T or T^L (threads, and levels after the ^)"},
+      {"4^", std::nullopt, "is not T or T^L"},
+      {"^2", std::nullopt, "is not T or T^L"},
+      {"-4", std::nullopt, "is not T or T^L"},
+      {"4^2^2", std::nullopt, "is not T or T^L"},
+      {" 4", std::nullopt, "is not T or T^L"},
+      {"4x", std::nullopt, "is not T or T^L"},
+  };
+  for (const TCase& c : cases) {
+    const TThreadSettingsReading reading = ReadThreadSettings(c.szText);
+    EXPECT_EQ(reading.settings, c.expected) << c.szText;
+    const std::string message =
+        reading.settings ? (reading.notes.empty() ? "" : reading.notes[0]) : reading.sRefusal;
+    EXPECT_THAT(message, HasSubstr(c.szMessage)) << c.szText;
+    EXPECT_EQ(message.empty(), c.szMessage[0] == '\0') << c.szText;
+    EXPECT_LE(reading.notes.size(), 1u) << c.szText;
+  }
 }
 
 }  // namespace
