@@ -153,6 +153,12 @@ std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMa
   return result;
 }
 
+std::size_t CTablesService::LoadAll() {
+  for (const TTableMaterial& material : TablesOnDisk()) Acquire(material);
+  std::lock_guard guard(lock);
+  return loaded.size();
+}
+
 std::vector<TTableMaterial> CTablesService::TablesOnDisk() const {
   std::vector<TTableMaterial> result;
   for (const auto& folder : {settings.folder, settings.extraFolder}) {

@@ -52,6 +52,9 @@ class CTablesService : public CTableProbe {
   // Generates the tables not yet on disk (and first those they lead into), writing each.
   std::vector<TGeneratedTable> Generate(const std::vector<TTableMaterial>& materials,
                                         const TProgress& progress = {});
+  // Loads every table on disk that fits in the quota, so that the first probes do not pay
+  // for the reading; returns how many are loaded then.
+  std::size_t LoadAll();
   // The tables with a file in the folders.
   std::vector<TTableMaterial> TablesOnDisk() const;
   std::filesystem::path FileOf(const TTableMaterial& material) const;

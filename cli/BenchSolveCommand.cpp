@@ -46,9 +46,9 @@ TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSo
   TTiming timing;
   timing.seconds = MedianSeconds(args.nRuns, [&] {
     TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
-    CMateSolver solver(start, nMoves,
-                       {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg,
-                        .pTables = tables});
+    CMateSolver solver(
+        start, nMoves,
+        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg, .pTables = tables});
     const TRootOutcome outcome = solver.Run();
     timing.nPositions = outcome.nPositions;
     timing.keys = outcome.keys;
@@ -99,6 +99,8 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
     tables = std::make_unique<CTablesService>(
         TablesSettingsFromOptions(Options()),
         [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
+    // Read before the clock runs, as a session keeps them from one solve to the next.
+    std::fprintf(stderr, "%zu endgame tables loaded\n", tables->LoadAll());
   }
   for (const auto& row : rows) {
     TChessboard start;

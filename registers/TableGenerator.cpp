@@ -193,115 +193,61 @@ bool CTableGenerator::RunRound(std::uint8_t n) {
   return nNew != 0;
 }
 
-std::uint64_t CTableGenerator::SpreadToWhite(std::uint8_t n) {
+template <typename F>
+std::uint64_t CTableGenerator::ForEachPredecessor(const std::vector<std::uint8_t>& values,
+                                                  std::uint8_t value, PieceCode mover,
+                                                  F onPredecessor) {
+  const PieceCode other = mover == piece::kWhite ? piece::kBlack : piece::kWhite;
   std::atomic<std::uint64_t> nFound{0};
   ParallelForRange(index.Size(), nThreads, [&](std::uint64_t begin, std::uint64_t end, int) {
     std::uint64_t found = 0;
     for (std::uint64_t i = begin; i < end; ++i) {
-      if (black[i] != n - 1) continue;
+      if (values[i] != value) continue;
       SquareIndex squares[TTableMaterial::kMaxPieces];
       index.Decode(i, squares);
       TTablePlacement p(material, squares);
       TTableMove retractions[kMaxTableMoves];
-      const int nRetractions = p.GenerateRetractions(piece::kWhite, retractions);
+      const int nRetractions = p.GenerateRetractions(mover, retractions);
       for (int k = 0; k < nRetractions; ++k) {
         const TTableMove& move = retractions[k];
-        if (move.bDoubleStep && tableep::BlackCaptureValue(p, move.to, links)) continue;
+        // Double steps that give an en passant capture are settled apart (the steps).
+        if (move.bDoubleStep &&
+            (mover == piece::kWhite ? tableep::BlackCaptureValue(p, move.to, links).has_value()
+                                    : tableep::WhiteCaptureValue(p, move.to, links).has_value()))
+          continue;
         p.Retract(move);
-        if (!p.KingsTouch() && !p.IsInCheck(piece::kBlack)) {
-          std::uint64_t images[2];
-          const int nImages = index.EncodeAll(p.squares, images);
-          for (int m = 0; m < nImages; ++m) {
-            std::uint8_t& cell = white[images[m]];
-            if (Load(cell) == 0) {
-              Store(cell, n);
-              ++found;
-            }
-          }
-        }
+        if (!p.KingsTouch() && !p.IsInCheck(other)) found += onPredecessor(p);
         p.Apply(move);
       }
     }
     nFound += found;
   });
   return nFound.load();
+}
+
+std::uint64_t CTableGenerator::SpreadToWhite(std::uint8_t n) {
+  return ForEachPredecessor(black, static_cast<std::uint8_t>(n - 1), piece::kWhite,
+                            [&](const TTablePlacement& p) {
+                              std::uint64_t images[2];
+                              const int nImages = index.EncodeAll(p.squares, images);
+                              int found = 0;
+                              for (int m = 0; m < nImages; ++m) {
+                                std::uint8_t& cell = white[images[m]];
+                                if (Load(cell) != 0) continue;
+                                Store(cell, n);
+                                ++found;
+                              }
+                              return found;
+                            });
 }
 
 std::uint64_t CTableGenerator::SpreadToBlack(std::uint8_t n) {
-  std::atomic<std::uint64_t> nFound{0};
-  ParallelForRange(index.Size(), nThreads, [&](std::uint64_t begin, std::uint64_t end, int) {
-    std::uint64_t found = 0;
-    for (std::uint64_t i = begin; i < end; ++i) {
-      if (white[i] != n) continue;
-      SquareIndex squares[TTableMaterial::kMaxPieces];
-      index.Decode(i, squares);
-      TTablePlacement p(material, squares);
-      TTableMove retractions[kMaxTableMoves];
-      const int nRetractions = p.GenerateRetractions(piece::kBlack, retractions);
-      for (int k = 0; k < nRetractions; ++k) {
-        const TTableMove& move = retractions[k];
-        if (move.bDoubleStep && tableep::WhiteCaptureValue(p, move.to, links)) continue;
-        p.Retract(move);
-        if (!p.KingsTouch() && !p.IsInCheck(piece::kWhite)) {
-          const std::uint64_t j = index.Encode(p.squares);
-          std::atomic_ref<std::uint8_t> count(openCounts[j]);
-          if (count.load(std::memory_order_relaxed) != 0 && count.fetch_sub(1) == 1 &&
-              !IsSteppedBlack(j)) {
-            SetBlack(j, std::max(blackFloor[j], n));
-            ++found;
-          }
-        }
-        p.Apply(move);
-      }
-    }
-    nFound += found;
+  return ForEachPredecessor(white, n, piece::kBlack, [&](const TTablePlacement& p) {
+    const std::uint64_t j = index.Encode(p.squares);
+    std::atomic_ref<std::uint8_t> count(openCounts[j]);
+    if (count.load(std::memory_order_relaxed) == 0 || count.fetch_sub(1) != 1 || IsSteppedBlack(j))
+      return 0;
+    SetBlack(j, std::max(blackFloor[j], n));
+    return 1;
   });
-  return nFound.load();
-}
-
-bool CTableGenerator::IsSteppedBlack(std::uint64_t i) const {
-  return std::binary_search(
-      blackSteps.begin(), blackSteps.end(), TBlackStep{i, 0, 0},
-      [](const TBlackStep& a, const TBlackStep& b) { return a.black < b.black; });
-}
-
-std::uint64_t CTableGenerator::SettleWhiteSteps(std::uint8_t n) {
-  std::uint64_t nFound = 0;
-  for (const TWhiteStep& step : whiteSteps) {
-    if (white[step.white] != 0 || !tablevalue::IsMate(step.captureValue)) continue;
-    std::uint8_t value = step.captureValue;
-    if (!step.bOnlyCapture) {
-      const std::uint8_t without = black[step.black];
-      // Open or "no mate" Black positions have counts, or kNoMate when settled.
-      if (!tablevalue::IsMate(without)) continue;
-      value = std::max(value, without);
-    }
-    if (value == n - 1) {
-      white[step.white] = n;
-      ++nFound;
-    }
-  }
-  return nFound;
-}
-
-std::uint64_t CTableGenerator::SettleBlackSteps(std::uint8_t n) {
-  std::uint64_t nFound = 0;
-  for (size_t first = 0; first < blackSteps.size();) {
-    size_t last = first;
-    while (last < blackSteps.size() && blackSteps[last].black == blackSteps[first].black) ++last;
-    const std::uint64_t i = blackSteps[first].black;
-    bool bKnown = black[i] == kNoMate && openCounts[i] == 0;
-    for (size_t k = first; k < last && bKnown; ++k) {
-      // Known once White's answer is: the position without the right settled, or the
-      // capture's value reached.
-      const std::uint8_t without = white[blackSteps[k].white];
-      bKnown = (without != 0 && without <= n) || blackSteps[k].captureValue <= n;
-    }
-    if (bKnown) {
-      SetBlack(i, std::max(blackFloor[i], n));
-      ++nFound;
-    }
-    first = last;
-  }
-  return nFound;
 }

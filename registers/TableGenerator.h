@@ -43,6 +43,11 @@ class CTableGenerator {
   void SeedWhite(const TTablePlacement& p, std::uint64_t i);
   void SeedBlack(const TTablePlacement& p, std::uint64_t i);
   bool RunRound(std::uint8_t n);
+  // Calls onPredecessor(p) for each position p from which a move of mover (not a capture
+  // nor a promotion) leads to a position whose value is value; sums what it returns.
+  template <typename F>
+  std::uint64_t ForEachPredecessor(const std::vector<std::uint8_t>& values, std::uint8_t value,
+                                   PieceCode mover, F onPredecessor);
   std::uint64_t SpreadToWhite(std::uint8_t n);
   std::uint64_t SpreadToBlack(std::uint8_t n);
   std::uint64_t SettleWhiteSteps(std::uint8_t n);

@@ -51,28 +51,15 @@ CTableLinks::TLink CTableLinks::MakeLink(const PieceCode* codes,
   return link;
 }
 
-int CTableLinks::PromotionSlot(PieceCode type) {
-  switch (type) {
-    case piece::kQueen:
-      return 0;
-    case piece::kRook:
-      return 1;
-    case piece::kBishop:
-      return 2;
-    default:
-      return 3;
-  }
-}
-
 std::uint8_t CTableLinks::ValueAfter(const TTablePlacement& after, const TTableMove& move,
                                      bool bWhiteToMove) const {
   const TLink* link;
   if (move.promotion == 0) {
     link = &captures[move.captured];
   } else if (move.captured < 0) {
-    link = &promotions[move.piece][PromotionSlot(move.promotion)];
+    link = &promotions[move.piece][TableTypeRank(move.promotion)];
   } else {
-    link = &capturePromotions[move.piece][move.captured][PromotionSlot(move.promotion)];
+    link = &capturePromotions[move.piece][move.captured][TableTypeRank(move.promotion)];
   }
   if (link->table == nullptr) return tablevalue::kNoMate;
   SquareIndex squares[TTableMaterial::kMaxPieces];

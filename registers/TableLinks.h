@@ -28,7 +28,6 @@ class CTableLinks {
   };
   // The link to the material of the codes (the set's pieces, one changed or emptied).
   TLink MakeLink(const PieceCode* codes, const TFindTable& findTable) const;
-  static int PromotionSlot(PieceCode type);
 
   TTableMaterial material;
   // By captured piece; by promoting pawn and new piece; by promoting pawn, captured

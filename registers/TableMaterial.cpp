@@ -7,8 +7,23 @@
 
 namespace {
 
-// Position of a piece type in the table order: queen, rook, bishop, knight, pawn.
-int TypeRank(PieceCode code) {
+// Kings first (white, black), then White's pieces, then Black's, each in type order.
+bool TableOrder(PieceCode a, PieceCode b) {
+  const auto key = [](PieceCode p) {
+    if (piece::TypeOf(p) == piece::kKing) return piece::IsWhite(p) ? 0 : 1;
+    return (piece::IsWhite(p) ? 2 : 7) + TableTypeRank(p);
+  };
+  return key(a) < key(b);
+}
+
+std::invalid_argument BadName(const std::string& name) {
+  return std::invalid_argument("Not a piece set: \"" + name +
+                               "\" (White's pieces, then Black's, each starting with K: KRK)");
+}
+
+}  // namespace
+
+int TableTypeRank(PieceCode code) {
   switch (piece::TypeOf(code)) {
     case piece::kQueen:
       return 0;
@@ -22,22 +37,6 @@ int TypeRank(PieceCode code) {
       return 4;
   }
 }
-
-// Kings first (white, black), then White's pieces, then Black's, each in type order.
-bool TableOrder(PieceCode a, PieceCode b) {
-  const auto key = [](PieceCode p) {
-    if (piece::TypeOf(p) == piece::kKing) return piece::IsWhite(p) ? 0 : 1;
-    return (piece::IsWhite(p) ? 2 : 7) + TypeRank(p);
-  };
-  return key(a) < key(b);
-}
-
-std::invalid_argument BadName(const std::string& name) {
-  return std::invalid_argument("Not a piece set: \"" + name +
-                               "\" (White's pieces, then Black's, each starting with K: KRK)");
-}
-
-}  // namespace
 
 TTableMaterial TTableMaterial::OfCodes(const PieceCode* codes, int n) {
   TTableMaterial material;

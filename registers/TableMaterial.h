@@ -5,6 +5,9 @@
 
 #include "core/PieceCode.h"
 
+// Position of a piece type in the tables' order: queen 0, rook 1, bishop 2, knight 3, pawn 4.
+int TableTypeRank(PieceCode code);
+
 // The pieces of one endgame table, named by White's letters and then Black's, each side
 // starting with its king: "KRK", "KQKR", "KPKP". The pieces are kept in a fixed order:
 // the white king, the black king, then White's and Black's other pieces, each side in the
