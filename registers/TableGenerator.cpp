@@ -54,9 +54,9 @@ std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progre
   if (progress) progress(0.3);
   for (int n = 1; n <= tablevalue::kMaxMate; ++n) {
     const bool bChanged = RunRound(static_cast<std::uint8_t>(n));
-    if (progress && nLegal.load() > 0)
+    if (progress && nLegalPositions.load() > 0)
       progress(0.3 + 0.7 * static_cast<double>(nSettled.load() + nWhiteSettled.load()) /
-                         static_cast<double>(nLegal.load()));
+                         static_cast<double>(nLegalPositions.load()));
     if (!bChanged && n > maxPending.load()) break;
   }
   for (std::uint8_t& value : white)
@@ -94,7 +94,7 @@ void CTableGenerator::Seed(std::uint64_t begin, std::uint64_t end) {
       ++nLegalHere;
     }
   }
-  nLegal.fetch_add(nLegalHere, std::memory_order_relaxed);
+  nLegalPositions.fetch_add(nLegalHere, std::memory_order_relaxed);
 }
 
 void CTableGenerator::SeedWhite(const TTablePlacement& p, std::uint64_t i) {

@@ -72,5 +72,5 @@ class CTableGenerator {
   std::atomic<std::uint8_t> maxPending{0};  // the highest value that may still be settled
   std::atomic<std::uint64_t> nSettled{0};   // Black positions with a value
   std::atomic<std::uint64_t> nWhiteSettled{0};
-  std::atomic<std::uint64_t> nLegal{0};  // positions of either side to move
+  std::atomic<std::uint64_t> nLegalPositions{0};  // of either side to move
 };
