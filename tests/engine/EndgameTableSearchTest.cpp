@@ -6,6 +6,7 @@
 
 #include "TestData.h"
 #include "core/Fen.h"
+#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "engine/MateSearch.h"
@@ -112,6 +113,59 @@ TEST(TablesInSearch, KeysOfSmallEndingsAreUnchanged) {
     ++nSolved;
   }
   EXPECT_GE(nSolved, 4);
+}
+
+// A probe that answers one value for every position and counts the questions.
+class CFixedProbe : public CTableProbe {
+ public:
+  explicit CFixedProbe(std::uint8_t answer) : value(answer) {}
+  std::optional<std::uint8_t> Probe(const TChessboard& board) override {
+    ++nCalls;
+    nWithRights += movegen::CastlingRights(board) != 0 ? 1 : 0;
+    return value;
+  }
+  std::uint8_t value;
+  int nCalls = 0, nWithRights = 0;
+};
+
+MateResult SearchWithProbe(const std::string& fenText, int nPlies, CTableProbe& probe) {
+  TChessboard board;
+  ClearChessboard(board);
+  EXPECT_TRUE(fen::ReadFen(board, fenText));
+  board.ply = board.rootPlies = static_cast<std::uint16_t>(nPlies);
+  SearchContext context;
+  context.pTables = &probe;
+  CMateSearch search(context, board.ply);
+  return search.FindMate(board);
+}
+
+// The table's value decides against the plies left, for either side to move; positions
+// with castling rights are never asked about.
+TEST(TablesInSearch, AnswersAreComparedWithTheMovesLeft) {
+  struct TCase {
+    const char* fen;
+    int nPlies;
+    std::uint8_t value;
+    MateResult expected;
+  };
+  const char* krk = "8/8/8/4k3/8/8/8/R2K4";
+  const TCase cases[] = {
+      {krk, 5, 3, mate::kMate},    // White mates in 3 with 3 moves left
+      {krk, 5, 4, mate::kNoMate},  // one move too few
+      {krk, 6, 3, mate::kMate},    // Black to move, mated within 3
+      {krk, 6, 4, mate::kNoMate}, {krk, 7, tablevalue::kNoMate, mate::kNoMate},
+  };
+  for (const TCase& c : cases) {
+    CFixedProbe probe(c.value);
+    EXPECT_EQ(SearchWithProbe(c.fen, c.nPlies, probe), c.expected)
+        << c.nPlies << " " << int(c.value);
+    EXPECT_EQ(probe.nCalls, 1);
+  }
+  // Positions where White may still castle are never asked about; the others are.
+  CFixedProbe castling(tablevalue::kNoMate);
+  SearchWithProbe("4k3/8/8/8/8/8/8/R3K2R", 5, castling);
+  EXPECT_GT(castling.nCalls, 0);
+  EXPECT_EQ(castling.nWithRights, 0);
 }
 
 }  // namespace
