@@ -14,6 +14,8 @@
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "engine/MateSolver.h"
+#include "engine/ProblemSortIndications.h"
+#include "engine/RegisterBinding.h"
 
 namespace {
 
@@ -98,6 +100,7 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                          .bQuickMode = settings.bQuickMode,
                                          .bMirrorSwitch = order.bMirrorSwitch});
   if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+  BindRegisterToProblem(*tempRegister, problem.start);
   {
     const std::lock_guard lock(controlMutex);
     bStopRequested = false;
@@ -140,7 +143,10 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .pRegister = tempRegister.get(),
         .pTables = tables.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
-        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads};
+        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads,
+        .sortIndications =
+            sortsource::ForSolve(*request.pProblem, settings.bUseMainVariantAsSortIndications,
+                                 request.nMirrorPass == 1)};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
     RecordOutcome(outcome, solver.WasStopped(), request);

@@ -113,15 +113,6 @@ std::string TChessboardId::ToAlphanum5() const {
   return GroupsToText(bits, nBits, 5, Alphanum5Digit);
 }
 
-// The bit count tells apart identifiers whose texts differ only in the padding of the last group.
-static std::string BaseName(const TChessboardId& id) {
-  return id.ToAlphanum6() + "." + std::to_string(id.BitCount());
-}
-
-std::string SolvedProblemFileName(const TChessboardId& id, bool bSinglePosition) {
-  return "SolvedProblemsDB/" + BaseName(id) + (bSinglePosition ? ".cspdb" : ".cpdb");
-}
-
-std::string LichessCacheFileName(const TChessboardId& id) {
-  return "SavedTmpSyzygyData/" + BaseName(id) + ".lichess";
+std::string TChessboardId::FileBaseName() const {
+  return ToAlphanum6() + "." + std::to_string(nBits);
 }

@@ -19,6 +19,9 @@ class TChessboardId {
 
   std::string ToAlphanum6() const;
   std::string ToAlphanum5() const;
+  // The name of the files kept for this placement, before their extension. The bit count
+  // tells apart identifiers whose texts differ only in the padding of the last group.
+  std::string FileBaseName() const;
   std::int16_t BitCount() const { return nBits; }
   const std::uint8_t* Bits() const { return bits; }
   bool operator==(const TChessboardId&) const = default;
@@ -27,7 +30,3 @@ class TChessboardId {
   std::int16_t nBits = 0;
   std::uint8_t bits[40] = {};
 };
-
-// File names keyed by a position's identifier.
-std::string SolvedProblemFileName(const TChessboardId& id, bool bSinglePosition);
-std::string LichessCacheFileName(const TChessboardId& id);

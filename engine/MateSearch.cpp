@@ -46,6 +46,11 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
   const size_t slot = (board.ply / 2) * kMoveBufferSize;
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
+  if (context.pHints != nullptr) {
+    if (const std::uint16_t moveNumber = context.pHints->MoveNumberAt(board))
+      return ordering::MakeHintedWhiteChildren(
+          board, children, &whiteOrder[slot], whiteKillers[board.ply], *context.pHints, moveNumber);
+  }
   return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
                                             whiteKillers[board.ply]);
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& solveSettings)
-    : root(start), settings(solveSettings) {
+    : root(start), settings(solveSettings), hints(settings.sortIndications) {
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   root.parent = nullptr;
   root.line = nullptr;
@@ -11,8 +11,14 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
   context.passNumber = settings.passNumber;
+<<<<<<< HEAD
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
+=======
+  if (!hints.IsEmpty()) context.pHints = &hints;
+  search = std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
+                                         settings.bShareFirstMoves);
+>>>>>>> main
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

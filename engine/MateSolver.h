@@ -5,6 +5,7 @@
 #include "core/Chessboard.h"
 #include "engine/RootSearch.h"
 #include "engine/SearchContext.h"
+#include "engine/WhiteMoveHints.h"
 
 // One solve of "White to move mates in N" from a start position: the root search with its
 // threads over a shared context. Run blocks; Stop, Pause and Resume may be called from any
@@ -22,6 +23,8 @@ class CMateSolver {
     int nLevels = 1;
     // Whether a thread may join the analysis of a first move another thread has taken.
     bool bShareFirstMoves = true;
+    // Which White moves to try first (see CWhiteMoveHints); the keys found do not depend on it.
+    TSortIndications sortIndications = {};
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.
@@ -52,6 +55,7 @@ class CMateSolver {
  private:
   TChessboard root;
   TSettings settings;
+  CWhiteMoveHints hints;
   SearchContext context;
   std::unique_ptr<CRootSearch> search;
 };

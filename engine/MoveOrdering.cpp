@@ -21,6 +21,31 @@ int WhiteAnswerCount(const TChessboard& board, TMove reply) {
                                 : movegen::GenerateAllMoves(child, answers);
 }
 
+// Makes the legal White moves of board into children and gives each the key
+// band * kGroups + group: bandOf(move, child) orders first, the search's groups within a band.
+template <typename TBandOf>
+int MakeKeyedWhiteChildren(const TChessboard& board, TChessboard* children, TMove killer,
+                           int* keyOf, TBandOf bandOf) {
+  TMove moves[kMoveBufferSize];
+  const int nMoves = movegen::GenerateAllMoves(board, moves);
+  int n = 0;
+  for (int i = 0; i < nMoves; ++i) {
+    TChessboard& child = children[n];
+    child = board;
+    child.parent = &board;
+    if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
+    int group = 3;
+    if (moves[i].SameMove(killer))
+      group = 0;
+    else if (child.IsBlackInCheck())
+      group = 1;
+    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0)
+      group = 2;
+    keyOf[n++] = bandOf(moves[i], child) * kGroups + group;
+  }
+  return n;
+}
+
 // The fewer answers White has, the smaller the tree that proves a refutation: replies go
 // in ascending count, generation order among equals.
 void SortByWhiteAnswers(const TChessboard& board, TMove* moves, int n) {
@@ -35,30 +60,28 @@ void SortByWhiteAnswers(const TChessboard& board, TMove* moves, int n) {
 
 int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
                              TMove killer) {
-  TMove moves[kMoveBufferSize];
-  const int nMoves = movegen::GenerateAllMoves(board, moves);
-  std::uint8_t groupOf[kMoveBufferSize];
-  int nInGroup[kGroups] = {};
-  int n = 0;
-  for (int i = 0; i < nMoves; ++i) {
-    TChessboard& child = children[n];
-    child = board;
-    child.parent = &board;
-    if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
-    int group = 3;
-    if (moves[i].SameMove(killer))
-      group = 0;
-    else if (child.IsBlackInCheck())
-      group = 1;
-    else if (board.squares[moves[i].to] != piece::kEmpty || moves[i].promotion != 0)
-      group = 2;
-    groupOf[n++] = static_cast<std::uint8_t>(group);
-    ++nInGroup[group];
-  }
+  int groupOf[kMoveBufferSize];
+  const int n = MakeKeyedWhiteChildren(board, children, killer, groupOf,
+                                       [](TMove, const TChessboard&) { return 0; });
   // A counting sort keeps generation order within each group.
+  int nInGroup[kGroups] = {};
+  for (int i = 0; i < n; ++i) ++nInGroup[groupOf[i]];
   int start[kGroups] = {0};
   for (int g = 1; g < kGroups; ++g) start[g] = start[g - 1] + nInGroup[g - 1];
   for (int i = 0; i < n; ++i) order[start[groupOf[i]]++] = static_cast<std::uint8_t>(i);
+  return n;
+}
+
+int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+                            TMove killer, const CWhiteMoveHints& hints, std::uint16_t moveNumber) {
+  int keyOf[kMoveBufferSize];
+  const int n = MakeKeyedWhiteChildren(board, children, killer, keyOf,
+                                       [&](TMove move, const TChessboard& child) {
+                                         return hints.Band(board, move, child, moveNumber);
+                                       });
+  for (int i = 0; i < n; ++i) order[i] = static_cast<std::uint8_t>(i);
+  std::stable_sort(order, order + n,
+                   [&](std::uint8_t a, std::uint8_t b) { return keyOf[a] < keyOf[b]; });
   return n;
 }
 

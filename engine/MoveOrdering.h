@@ -3,6 +3,7 @@
 
 #include "core/Chessboard.h"
 #include "core/Move.h"
+#include "engine/WhiteMoveHints.h"
 
 namespace ordering {
 
@@ -12,6 +13,10 @@ namespace ordering {
 // rest, generation order within each group.
 int MakeOrderedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
                              TMove killer);
+// The same children, with the problem's hints for White's moveNumber-th move deciding first
+// (see CWhiteMoveHints) and the groups above ordering each band.
+int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, std::uint8_t* order,
+                            TMove killer, const CWhiteMoveHints& hints, std::uint16_t moveNumber);
 
 // Orders Black's generated replies so that refutations come early and cheap: checks first
 // (they leave White few answers, so a refutation through them is proved in a small tree),

@@ -2,6 +2,7 @@
 #include <atomic>
 #include <cstdint>
 
+#include "engine/WhiteMoveHints.h"
 #include "registers/ChessboardRegister.h"
 #include "registers/TableProbe.h"
 
@@ -16,8 +17,13 @@ constexpr std::uint8_t kStop = 2;
 struct SearchContext {
   std::atomic<std::uint8_t> runState{runstate::kRun};
   TChessboardRegister<bool>* pRegister = nullptr;
+<<<<<<< HEAD
   // Exact values of small endings; null when the solve has no tables.
   CTableProbe* pTables = nullptr;
+=======
+  // The problem's sort indications for White's moves; null when it gives none.
+  const CWhiteMoveHints* pHints = nullptr;
+>>>>>>> main
   // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
   std::uint8_t passNumber = 2;
   // Skip a pawn's other promotions to the same square once one of them is mated. Unsound

@@ -150,6 +150,8 @@ std::uint16_t TChessboardRegister<bool>::EvictionLimit(
 
 void TChessboardRegister<bool>::Clear() {
   store.Clear();
+  boundProblem.reset();
+  boundFile.clear();
 }
 
 void TChessboardRegister<bool>::Compact() {

@@ -59,17 +59,24 @@ class TChessboardRegister<bool> {
   // does nothing. When the three-movers were under a third of the limit, they are not
   // worth their room: the register stops filing move counts below 4.
   virtual void EmptySomeDataWhenRegisterFull(bool bForce);
+  // Empties the register; it is then bound to no problem.
   void Clear();
   void Compact();
   // The language of the messages the register throws; English until told otherwise.
   void SetLanguage(ERegisterLanguage value) { language.store(value, std::memory_order_relaxed); }
 
   // Binds the register to a problem: when problemKey differs from the one held, empties the
-  // register and reads the problem's solved-positions file. Returns whether it did.
+  // register and reads the problem's solved-positions file. Returns whether it did. A file
+  // whose records contradict each other proves nothing: the register is left empty.
   bool BindToProblem(const TChessboardRegisterItem& problemKey,
                      const std::filesystem::path& solvedPositionsFile);
+  // Writes every entry to the file of the problem bound last, replacing it as a whole and
+  // creating its folder; returns how many were written, nothing when no problem is bound.
+  // Throws std::filesystem::filesystem_error or std::ios_base::failure when it cannot.
+  std::optional<std::uint64_t> SaveBoundProblem() const;
   // Reads 76-byte records (key, information) until a short read; returns how many were
-  // read. A missing file reads as empty.
+  // filed. A missing file reads as empty; records that no register writes (move count 0,
+  // answer neither 0 nor 1) are passed over. Contradicting records throw ChessException.
   std::uint64_t LoadSolvedPositions(const std::filesystem::path& file);
   // Writes every entry in the same record format; returns how many were written.
   std::uint64_t SaveSolvedPositions(const std::filesystem::path& file) const;
@@ -108,4 +115,5 @@ class TChessboardRegister<bool> {
   std::optional<std::chrono::steady_clock::time_point> lastEviction;  // under evictionMutex
   std::optional<TChessboardRegisterItem> boundProblem;
   std::atomic<ERegisterLanguage> language{ERegisterLanguage::English};
+  std::filesystem::path boundFile;
 };

@@ -1,9 +1,12 @@
 // Solved-positions files of the register: headerless sequences of 76-byte records, each
 // a 64-byte key followed by the 12-byte information record, in the machine's byte order.
+#include "registers/SolvedPositionsFile.h"
+
 #include <bit>
 #include <cstring>
 #include <fstream>
 
+#include "core/ChessException.h"
 #include "registers/ChessboardRegister.h"
 
 namespace {
@@ -11,15 +14,46 @@ constexpr std::size_t kKeySize = sizeof(TChessboardRegisterItem);
 constexpr std::size_t kRecordSize = kKeySize + sizeof(TRegisterInfo);
 static_assert(kRecordSize == 76);
 static_assert(std::endian::native == std::endian::little, "records are stored little-endian");
+
+// What a register can have written: a sub-problem of at least one ply, answered yes or no.
+bool IsPlausible(const TRegisterInfo& info) {
+  const std::uint32_t answer = info.answer & 0xFF;
+  return info.nMoves != 0 && (answer == 0 || answer == 1);
+}
 }  // namespace
+
+namespace solvedpositions {
+
+std::filesystem::path FileName(const TChessboardId& id) {
+  return std::filesystem::path(kFolder) / (id.FileBaseName() + kExtension);
+}
+
+}  // namespace solvedpositions
 
 bool TChessboardRegister<bool>::BindToProblem(const TChessboardRegisterItem& problemKey,
                                               const std::filesystem::path& solvedPositionsFile) {
   if (boundProblem && *boundProblem == problemKey) return false;
   Clear();
+  try {
+    LoadSolvedPositions(solvedPositionsFile);
+  } catch (const ChessException&) {
+    // Contradicting records: some of them are wrong, and nothing tells which.
+    Clear();
+  }
   boundProblem = problemKey;
-  LoadSolvedPositions(solvedPositionsFile);
+  boundFile = solvedPositionsFile;
   return true;
+}
+
+std::optional<std::uint64_t> TChessboardRegister<bool>::SaveBoundProblem() const {
+  if (!boundProblem) return std::nullopt;
+  if (boundFile.has_parent_path()) std::filesystem::create_directories(boundFile.parent_path());
+  // Written aside and renamed, so that a failed save leaves the earlier file whole.
+  std::filesystem::path partial = boundFile;
+  partial += ".partial";
+  const std::uint64_t nWritten = SaveSolvedPositions(partial);
+  std::filesystem::rename(partial, boundFile);
+  return nWritten;
 }
 
 std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesystem::path& file) {
@@ -27,7 +61,7 @@ std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesyst
   if (!in) return 0;
   // A file holds what an earlier solve proved; pruning it entry by entry would only cost time.
   bCoherencyPruning.store(false, std::memory_order_relaxed);
-  std::uint64_t nRead = 0;
+  std::uint64_t nFiled = 0;
   try {
     char record[kRecordSize];
     while (in.read(record, kRecordSize)) {
@@ -35,20 +69,21 @@ std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesyst
       TRegisterInfo info;
       std::memcpy(key.bytes, record, kKeySize);
       std::memcpy(&info, record + kKeySize, sizeof info);
+      if (!IsPlausible(info)) continue;
       const std::uint32_t answer = info.answer & 0xFF;
       if ((info.nMoves & 1) != 0) {
         Insert(info.nMoves, key, answer, &info.heuristics, false);
       } else {
         InsertDefence(info.nMoves, key, answer, &info.heuristics, false);
       }
-      ++nRead;
+      ++nFiled;
     }
   } catch (...) {
     bCoherencyPruning.store(true, std::memory_order_relaxed);
     throw;
   }
   bCoherencyPruning.store(true, std::memory_order_relaxed);
-  return nRead;
+  return nFiled;
 }
 
 std::uint64_t TChessboardRegister<bool>::SaveSolvedPositions(
@@ -64,5 +99,6 @@ std::uint64_t TChessboardRegister<bool>::SaveSolvedPositions(
     out.write(record, kRecordSize);
     ++nWritten;
   });
+  out.close();  // a failure to write the last buffer throws here, not silently in the destructor
   return nWritten;
 }

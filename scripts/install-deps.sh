@@ -1,11 +1,19 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only when something is missing.
-# Usage: scripts/install-deps.sh [--bench]   (--bench: also Google Benchmark, for bench/)
+# Usage: scripts/install-deps.sh [--bench] [--fuzz]
+#   --bench: also Google Benchmark and liblz4 (the codec benchmark's baseline), for bench/
+#   --fuzz:  also clang and its runtime libraries (libFuzzer, sanitizers), for scripts/fuzz.sh
 set -euo pipefail
 # gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
 packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev
   gaviotatb libgaviotatb-dev zlib1g-dev)
-[ "${1:-}" = "--bench" ] && packages+=(libbenchmark-dev)
+for option in "$@"; do
+  case "$option" in
+    --bench) packages+=(libbenchmark-dev liblz4-dev pkg-config) ;;
+    --fuzz) packages+=(clang libclang-rt-dev) ;;
+    *) echo "Unknown option: $option" >&2; exit 2 ;;
+  esac
+done
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -18,9 +18,7 @@ TEST(ChessboardId, TwoKingsTakeSeventyTwoBitsInAKnownText) {
   EXPECT_EQ(id.BitCount(), 72);
   EXPECT_EQ(id.ToAlphanum6(), "g000000000M0");
   EXPECT_EQ(id.ToAlphanum5(), "g00000000000g10");
-  EXPECT_EQ(SolvedProblemFileName(id, true), "SolvedProblemsDB/g000000000M0.72.cspdb");
-  EXPECT_EQ(SolvedProblemFileName(id, false), "SolvedProblemsDB/g000000000M0.72.cpdb");
-  EXPECT_EQ(LichessCacheFileName(id), "SavedTmpSyzygyData/g000000000M0.72.lichess");
+  EXPECT_EQ(id.FileBaseName(), "g000000000M0.72");
 }
 
 TEST(ChessboardId, ReferencePositionsDecodeToTheirSquares) {

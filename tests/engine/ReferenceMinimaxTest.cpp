@@ -1,60 +1,63 @@
-// The engine's root search against a plain minimax written here: no register, no move
-// ordering, no pruning beyond the short-cuts of "any" and "every", on random positions
-// with few pieces.
+// The engine's root search against a plain minimax written here on the tests' own board
+// and move generator: no register, no move ordering, no pruning beyond the short-cuts of
+// "any" and "every", on random positions with few pieces.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "ReferenceBoard.h"
+#include "TestData.h"
 #include "core/Fen.h"
-#include "core/MoveGeneration.h"
-#include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "engine/MateSolver.h"
 
 namespace {
 
-bool BlackIsMated(const TChessboard& board);
+using reference::CReferenceBoard;
+using reference::TRefMove;
+
+bool BlackIsMated(const CReferenceBoard& board, int nPlies);
 
 // Legal White moves after which Black is mated within the plies left. With keys null the
 // count stops at the first one.
-int MatingMoves(const TChessboard& board, std::vector<TMove>* keys) {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(board, moves);
+int MatingMoves(const CReferenceBoard& board, int nPlies, std::vector<TMove>* keys) {
+  TRefMove moves[CReferenceBoard::kMaxMoves];
+  const int n = board.PseudoMoves(moves);
+  CReferenceBoard next;
   int nMating = 0;
   for (int i = 0; i < n; ++i) {
-    TChessboard child = board;
-    child.parent = &board;  // castling rights and en passant are judged along the line
-    if (movemaking::MakeWhiteMove(child, moves[i]) == 0 || !BlackIsMated(child))
-      continue;
+    next = board.After(moves[i]);
+    // Only a check mates at once: the other last moves need no legality test.
+    if (nPlies == 1 && !next.IsSideToMoveInCheck()) continue;
+    if (!next.IsMoverKingSafe() || !BlackIsMated(next, nPlies - 1)) continue;
     ++nMating;
     if (keys == nullptr) break;
-    keys->push_back(moves[i]);
+    keys->push_back(CReferenceBoard::ToEngineMove(moves[i]));
   }
   return nMating;
 }
 
-// Black, to move with board.ply plies left, is mated within them: checkmated now, or every
+// Black, to move with nPlies plies left, is mated within them: checkmated now, or every
 // legal reply lets White mate. Stalemate is no mate.
-bool BlackIsMated(const TChessboard& board) {
-  if (board.ply == 0 && !board.IsBlackInCheck()) return false;
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(board, moves);
+bool BlackIsMated(const CReferenceBoard& board, int nPlies) {
+  const bool bInCheck = board.IsSideToMoveInCheck();
+  if (nPlies == 0) return bInCheck && !board.HasLegalMove();
+  TRefMove moves[CReferenceBoard::kMaxMoves];
+  const int n = board.PseudoMoves(moves);
+  CReferenceBoard next;
   bool bHasReply = false;
   for (int i = 0; i < n; ++i) {
-    TChessboard child = board;
-    child.parent = &board;
-    if (movemaking::MakeBlackMove(child, moves[i]) == 0) continue;
+    if (!board.MakeLegal(moves[i], next)) continue;
     bHasReply = true;
-    if (board.ply == 0 || MatingMoves(child, nullptr) == 0) return false;
+    if (MatingMoves(next, nPlies - 1, nullptr) == 0) return false;
   }
-  return bHasReply || board.IsBlackInCheck();
+  return bHasReply || bInCheck;
 }
 
 // Keys as sorted texts, so that sets compare directly and failures read well.
@@ -71,10 +74,9 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined.empty() ? "(none)" : joined;
 }
 
-std::vector<std::string> ReferenceKeys(TChessboard root, int nMoves) {
-  root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
+std::vector<std::string> ReferenceKeys(const TChessboard& root, int nMoves) {
   std::vector<TMove> keys;
-  MatingMoves(root, &keys);
+  MatingMoves(CReferenceBoard::FromProblemStart(root), 2 * nMoves - 1, &keys);
   return KeyTexts(root, keys);
 }
 
@@ -92,7 +94,8 @@ bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
   for (const TEngineRun& run : kEngineRuns) {
     TChessboardRegister<bool> reg(1'000'000);
-    CMateSolver solver(start, nMoves, {.nThreads = run.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    CMateSolver solver(start, nMoves,
+                       {.nThreads = run.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
     solver.SetCutRepetitions(run.bCutRepetitions);
     const TRootOutcome outcome = solver.Run();
     const std::string where =
@@ -209,6 +212,22 @@ class CRandomPositions {
 
   std::mt19937 random;
 };
+
+// The tests' own generator against the perft table, on the rows of up to a hundred
+// thousand positions: they take in castling, en passant and promotions already.
+TEST(ReferenceMinimax, OwnGeneratorCountsThePerftTable) {
+  int nChecked = 0;
+  for (const auto& row : testdata::ReadTsv("perft.tsv")) {
+    const std::uint64_t nExpected = std::stoull(row.at("nodes"));
+    if (nExpected > 100'000) continue;
+    CReferenceBoard board;
+    ASSERT_TRUE(board.ReadFen(row.at("fen"))) << row.at("fen");
+    EXPECT_EQ(board.Perft(std::stoi(row.at("depth"))), nExpected)
+        << row.at("name") << " to depth " << row.at("depth");
+    ++nChecked;
+  }
+  EXPECT_GE(nChecked, 15);
+}
 
 // Positions where castling or en passant decides, with the keys worked out by hand; the
 // reference must find them too, or it would be no reference for the random ones.
