@@ -11,14 +11,9 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
   context.passNumber = settings.passNumber;
-<<<<<<< HEAD
+  if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
-=======
-  if (!hints.IsEmpty()) context.pHints = &hints;
-  search = std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
-                                         settings.bShareFirstMoves);
->>>>>>> main
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

@@ -17,13 +17,10 @@ constexpr std::uint8_t kStop = 2;
 struct SearchContext {
   std::atomic<std::uint8_t> runState{runstate::kRun};
   TChessboardRegister<bool>* pRegister = nullptr;
-<<<<<<< HEAD
-  // Exact values of small endings; null when the solve has no tables.
-  CTableProbe* pTables = nullptr;
-=======
   // The problem's sort indications for White's moves; null when it gives none.
   const CWhiteMoveHints* pHints = nullptr;
->>>>>>> main
+  // Exact values of small endings; null when the solve has no tables.
+  CTableProbe* pTables = nullptr;
   // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
   std::uint8_t passNumber = 2;
   // Skip a pawn's other promotions to the same square once one of them is mated. Unsound

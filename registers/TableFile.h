@@ -6,10 +6,11 @@
 
 #include "registers/EndgameTable.h"
 
-// Table files. Each holds a header of ours (a mark, the format version, the index scheme,
-// the piece set, the number of positions and a checksum of the values), then White's values
-// and Black's. A table lives in <folder>/<position type>/ ("+pawns" added to the folder name
-// for sets with pawns), in a file named after the piece set.
+// Table files: packed data files (16 MiB blocks of LZ4e) whose data is a header of ours (a
+// mark, the format version, the index scheme, the piece set, the number of positions and a
+// checksum of the values), then White's values and Black's. The packer's log lies beside. A table
+// lives in <folder>/<position type>/ ("+pawns" added to the folder name for sets with pawns), in a
+// file named after the piece set.
 namespace tablefile {
 
 // A missing, unreadable or corrupt file; the message names the file.
@@ -25,6 +26,7 @@ constexpr std::uint16_t kIndexScheme = 1;
 std::filesystem::path PathOf(const std::filesystem::path& folder, const TTableMaterial& material);
 
 // Writes through a temporary file renamed at the end, so a broken write leaves no table.
+// Throws CTableFileError when the file cannot be written.
 void Write(const TEndgameTable& table, const std::filesystem::path& file);
 // Reads the table of the material; throws CTableFileError when the file is missing or does
 // not hold that table whole.
