@@ -60,7 +60,15 @@ CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sess
       callbacks(std::move(sessionCallbacks)),
       defaultThreads(MachineThreads(options)),
       sGuiLogPath(GetProgramState().guiLogPath.string()),
-      tempRegister(MakeTempRegister(options)) {}
+      tempRegister(MakeTempRegister(options)),
+      tables(std::make_unique<CTablesService>(TablesSettingsFromOptions(options),
+                                              [this](const std::string& message) {
+                                                if (callbacks.onMessage) {
+                                                  callbacks.onMessage(message);
+                                                } else {
+                                                  std::fprintf(stderr, "%s\n", message.c_str());
+                                                }
+                                              })) {}
 
 CSolvingSession::~CSolvingSession() {
   Stop();
@@ -133,6 +141,7 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .passNumber = kPassWithoutHeuristics,
         .pRegister = tempRegister.get(),
+        .pTables = tables.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
         .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads,
         .sortIndications =

@@ -19,6 +19,7 @@
 #include "app/SolverCommands.h"
 #include "app/SolvingEvents.h"
 #include "app/SolvingRequest.h"
+#include "app/TablesService.h"
 #include "app/ThreadSettings.h"
 #include "problems/Problem.h"
 #include "registers/ChessboardRegister.h"
@@ -93,6 +94,7 @@ class CSolvingSession {
   const TThreadSettings defaultThreads;
   const std::string sGuiLogPath;  // where the engine's end is recorded; empty for none
   std::unique_ptr<TChessboardRegister<bool>> tempRegister;
+  std::unique_ptr<CTablesService> tables;
 
   std::vector<std::unique_ptr<SolvingRequest>> requests;
   std::atomic<bool> bRunning{false};

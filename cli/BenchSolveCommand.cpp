@@ -5,7 +5,9 @@
 #include <memory>
 
 #include "app/MedianTiming.h"
+#include "app/Options.h"
 #include "app/PublishedKeys.h"
+#include "app/TablesService.h"
 #include "app/TsvTable.h"
 #include "cli/Commands.h"
 #include "core/Fen.h"
@@ -21,6 +23,7 @@ struct TBenchSolveArguments {
   int nThreads = 1;
   int nRuns = 1;
   std::int64_t nRegisterElements = 20'000'000;  // signed, so that "-1" is refused
+  bool bNoTables = false;
 };
 
 struct TTiming {
@@ -36,14 +39,16 @@ std::string KeyTexts(const TChessboard& start, const std::vector<TMove>& keys) {
   return text;
 }
 
-// All solutions with a fresh register per run, so that runs do not help each other.
-TTiming Solve(const TChessboard& start, int nMoves, int nThreads,
-              const TBenchSolveArguments& args) {
+// All solutions with a fresh register per run, so that runs do not help each other. The
+// endgame tables of the working folder stay loaded from one solve to the next.
+TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args,
+              CTablesService* tables) {
   TTiming timing;
   timing.seconds = MedianSeconds(args.nRuns, [&] {
     TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
-    CMateSolver solver(start, nMoves,
-                       {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    CMateSolver solver(
+        start, nMoves,
+        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg, .pTables = tables});
     const TRootOutcome outcome = solver.Run();
     timing.nPositions = outcome.nPositions;
     timing.keys = outcome.keys;
@@ -88,13 +93,22 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
   double total = 0, referenceTotal = 0, unreferencedTotal = 0, threadedTotal = 0;
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
+  std::unique_ptr<CTablesService> tables;
+  if (!args.bNoTables) {
+    for (const std::string& warning : ReadOptions()) std::fprintf(stderr, "%s\n", warning.c_str());
+    tables = std::make_unique<CTablesService>(
+        TablesSettingsFromOptions(Options()),
+        [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
+    // Read before the clock runs, as a session keeps them from one solve to the next.
+    std::fprintf(stderr, "%zu endgame tables loaded\n", tables->LoadAll());
+  }
   for (const auto& row : rows) {
     TChessboard start;
     ClearChessboard(start);
     if (!fen::ReadFen(start, row.at("fen")))
       throw std::runtime_error("Improper FEN code: " + row.at("id"));
     const int nMoves = std::stoi(row.at("n"));
-    const TTiming single = Solve(start, nMoves, 1, args);
+    const TTiming single = Solve(start, nMoves, 1, args, tables.get());
     const std::vector<TMove> published = ReadPublishedKeys(row.at("keys"));
     bool bRight = MatchesPublishedKeys(single.keys, published);
     const double reference = ReferenceSeconds(row);
@@ -107,7 +121,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
                 single.nPositions / single.seconds, reference,
                 reference > 0 ? single.seconds / reference : 0);
     if (bCompare) {
-      const TTiming threaded = Solve(start, nMoves, args.nThreads, args);
+      const TTiming threaded = Solve(start, nMoves, args.nThreads, args, tables.get());
       bRight = bRight && MatchesPublishedKeys(threaded.keys, published);
       threadedTotal += threaded.seconds;
       std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
@@ -146,5 +160,7 @@ void AddBenchSolveCommand(CLI::App& bench) {
       ->check(CLI::Range(1, 99));
   command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
       ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
+  command->add_flag("--no-tables", args->bNoTables,
+                    "Solve without the endgame tables of the working folder (Precalc)");
   command->callback([args] { RunBenchSolve(*args); });
 }

@@ -14,6 +14,7 @@ void AddCheckCommand(CLI::App& app);
 void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
+void AddTablesCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);

@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
   AddFormatCommand(app);
   AddSolveCommand(app);
   AddBenchCommand(app);
+  AddTablesCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

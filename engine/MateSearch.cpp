@@ -9,6 +9,7 @@
 #include "engine/MoveOrdering.h"
 #include "engine/RegisterKey.h"
 #include "engine/Repetition.h"
+#include "registers/TableValue.h"
 
 namespace {
 // Below this many plies a lookup costs more than the search it saves.
@@ -18,6 +19,14 @@ constexpr std::uint16_t kMinBlackRegisterPlies = 4;
 constexpr std::uint16_t kMinDeepeningPlies = 9;
 // Shallower White nodes are over before another thread could join them.
 constexpr std::uint16_t kMinSplitPlies = 5;
+// The most pieces, kings included, of a position the tables may hold.
+constexpr int kMaxTablePieces = 5;
+
+int PieceCount(const TChessboard& board) {
+  int n = 2;
+  for (std::uint8_t count : board.nPieces) n += count;
+  return n;
+}
 }  // namespace
 
 CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
@@ -63,6 +72,19 @@ bool CMateSearch::UsesRegister(const TChessboard& board) const {
          !registerkey::HasEnPassantRight(board);
 }
 
+std::optional<MateResult> CMateSearch::ProbeTables(const TChessboard& board) const {
+  // Below 3 plies the search is quicker than a lookup; the tables hold no castling or en
+  // passant rights.
+  if (context.pTables == nullptr || board.ply < kMinRegisterPlies ||
+      PieceCount(board) > kMaxTablePieces || movegen::CastlingRights(board) != 0 ||
+      registerkey::HasEnPassantRight(board))
+    return std::nullopt;
+  const auto value = context.pTables->Probe(board);
+  if (!value) return std::nullopt;
+  const int nMovesLeft = (board.ply + 1) / 2;
+  return tablevalue::IsMate(*value) && *value <= nMovesLeft ? mate::kMate : mate::kNoMate;
+}
+
 void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   // An interrupted search proves nothing.
   if (Interrupted() || !UsesRegister(board)) return;
@@ -76,6 +98,7 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
 
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
+  if (const auto known = ProbeTables(board)) return *known;
   if (UsesRegister(board)) {
     const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
     if (known == 1) return mate::kMate;
@@ -189,6 +212,7 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
   if (!MayGoOn()) return mate::kDoubtful;
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
+  if (const auto known = ProbeTables(board)) return *known;
   if (board.ply >= kMinBlackRegisterPlies && UsesRegister(board)) {
     const std::uint8_t bDefence =
         context.pRegister->FindDefenceAnswer(board.ply, registerkey::Build(board));

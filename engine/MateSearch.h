@@ -79,6 +79,9 @@ class CMateSearch {
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
+  // The exact answer of the endgame tables for a position they hold: mate when White mates
+  // within the plies left.
+  std::optional<MateResult> ProbeTables(const TChessboard& board) const;
   // Parks the thread while the solve or this thread is paused; false when it must give up.
   bool MayGoOn() const;
 

@@ -7,6 +7,7 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
+  context.pTables = settings.pTables;
   context.passNumber = settings.passNumber;
   if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(

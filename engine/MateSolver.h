@@ -17,6 +17,7 @@ class CMateSolver {
     int nMaxSolutions = 1;  // 0: all solutions
     std::uint8_t passNumber = 2;
     TChessboardRegister<bool>* pRegister = nullptr;
+    CTableProbe* pTables = nullptr;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
     // engine runs that many workers and shares the work at any depth (see CRootSearch).
     int nLevels = 1;

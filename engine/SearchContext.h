@@ -4,6 +4,7 @@
 
 #include "engine/WhiteMoveHints.h"
 #include "registers/ChessboardRegister.h"
+#include "registers/TableProbe.h"
 
 // Run states written by the session and polled by every Black node.
 namespace runstate {
@@ -18,6 +19,8 @@ struct SearchContext {
   TChessboardRegister<bool>* pRegister = nullptr;
   // The problem's sort indications for White's moves; null when it gives none.
   const CWhiteMoveHints* pHints = nullptr;
+  // Exact values of small endings; null when the solve has no tables.
+  CTableProbe* pTables = nullptr;
   // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
   std::uint8_t passNumber = 2;
   // Skip a pawn's other promotions to the same square once one of them is mated. Unsound

@@ -4,7 +4,9 @@
 #   --bench: also Google Benchmark and liblz4 (the codec benchmark's baseline), for bench/
 #   --fuzz:  also clang and its runtime libraries (libFuzzer, sanitizers), for scripts/fuzz.sh
 set -euo pipefail
-packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev)
+# gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
+packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev
+  gaviotatb libgaviotatb-dev zlib1g-dev)
 for option in "$@"; do
   case "$option" in
     --bench) packages+=(libbenchmark-dev liblz4-dev pkg-config) ;;

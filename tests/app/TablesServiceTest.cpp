@@ -1,0 +1,105 @@
+// The tables service: files found in either folder, the quota, and the notices about
+// files that cannot be used.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "TempFolder.h"
+#include "app/TablesReports.h"
+#include "app/TablesService.h"
+#include "registers/TableFile.h"
+
+namespace {
+
+class TablesService : public ::testing::Test {
+ protected:
+  TTablesSettings Settings(std::uint64_t nQuotaBytes) {
+    TTablesSettings settings;
+    settings.folder = folder / "Precalc";
+    settings.nQuotaBytes = nQuotaBytes;
+    settings.nThreads = 1;
+    return settings;
+  }
+  CTablesService Service(std::uint64_t nQuotaBytes = 1 << 30) {
+    return CTablesService(Settings(nQuotaBytes),
+                          [this](const std::string& message) { messages.push_back(message); });
+  }
+
+  CTempFolder folder;
+  std::vector<std::string> messages;
+};
+
+TEST_F(TablesService, GeneratesWhatIsMissingAndProbesIt) {
+  CTablesService service = Service();
+  const auto generated =
+      service.Generate({TTableMaterial::Parse("KRK"), TTableMaterial::Parse("KQK")});
+  ASSERT_EQ(generated.size(), 2u);
+  EXPECT_TRUE(generated[0].bGenerated);
+  EXPECT_GT(generated[0].nBytes, 0u);
+  EXPECT_TRUE(std::filesystem::exists(service.FileOf(TTableMaterial::Parse("KRK"))));
+  // Already on disk: nothing is generated again.
+  const auto again = service.Generate({TTableMaterial::Parse("KRK")});
+  ASSERT_EQ(again.size(), 1u);
+  EXPECT_FALSE(again[0].bGenerated);
+
+  const auto answer = ProbeFen(service, "8/8/8/8/8/8/1Q6/k1K5 b - - 0 1");
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->valueText, "Black is mated");
+  const auto mateInOne = ProbeFen(service, "k7/8/1K6/8/8/8/7Q/8 w - - 0 1");
+  ASSERT_TRUE(mateInOne);
+  EXPECT_EQ(mateInOne->valueText, "mate in 1");
+  EXPECT_EQ(mateInOne->bestMoves, (std::vector<std::string>{"Qh2-h8"}));
+  EXPECT_FALSE(ProbeFen(service, "k7/8/1K6/8/8/8/8/6RR w - - 0 1"));  // no KRRK table
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(TablesService, LoadedTablesStayWithinTheQuota) {
+  Service().Generate({TTableMaterial::Parse("KRK"), TTableMaterial::Parse("KQK")});
+  const std::uint64_t nOneTable = 2 * 40960;
+  CTablesService service = Service(nOneTable + 100);
+  ASSERT_TRUE(service.Acquire(TTableMaterial::Parse("KRK")));
+  ASSERT_TRUE(service.Acquire(TTableMaterial::Parse("KQK")));
+  EXPECT_EQ(service.LoadedBytes(), nOneTable);
+  ASSERT_EQ(service.Loaded().size(), 1u);
+  EXPECT_EQ(service.Loaded()[0].name, "KQK");
+  // A table larger than the whole quota is refused, once, with a notice.
+  CTablesService small = Service(1000);
+  EXPECT_FALSE(small.Acquire(TTableMaterial::Parse("KRK")));
+  EXPECT_FALSE(small.Acquire(TTableMaterial::Parse("KRK")));
+  EXPECT_EQ(messages.size(), 1u);
+}
+
+TEST_F(TablesService, AnUnusableFileIsReportedOnceByNameAndSkipped) {
+  Service().Generate({TTableMaterial::Parse("KRK")});
+  const auto file = tablefile::PathOf(folder / "Precalc", TTableMaterial::Parse("KRK"));
+  std::filesystem::resize_file(file, 100);
+  CTablesService service = Service();
+  TChessboard board;
+  ClearChessboard(board);
+  board.squares[0] = piece::kWhiteKing;
+  board.squares[63] = piece::kBlackKing;
+  board.squares[9] = piece::kWhiteRook;
+  board.ply = 5;
+  Analyse(board, true);
+  EXPECT_FALSE(service.Probe(board));
+  EXPECT_FALSE(service.Probe(board));
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_NE(messages[0].find(file.string()), std::string::npos);
+  // A set whose folder was never made is not news.
+  board.squares[9] = piece::kWhiteQueen;
+  Analyse(board, true);
+  EXPECT_FALSE(service.Probe(board));
+  EXPECT_EQ(messages.size(), 1u);
+}
+
+TEST_F(TablesService, PrecalcPathIsTheFolderAndTheWorkingFolderIsStillRead) {
+  COptions options;
+  options.nPrecalcQuotaBytes = 1 << 20;
+  options.sPrecalcPath = (folder / "elsewhere").string();
+  const TTablesSettings settings = TablesSettingsFromOptions(options);
+  EXPECT_EQ(settings.folder, folder / "elsewhere");
+  EXPECT_EQ(settings.extraFolder, "Precalc");
+  EXPECT_EQ(settings.nQuotaBytes, 1u << 20);
+}
+
+}  // namespace
