@@ -29,16 +29,14 @@ CTableLookup::TFind ServiceFinder(
 }
 
 std::string FenOf(const TTableMaterial& material, const SquareIndex* squares) {
-  std::vector<TChessboard> line(CTableLookup::kLineSize);
   TChessboard board;
-  CTableLookup::MakeBoard(material, squares, true, board, line.data());
+  CTableLookup::MakeBoard(material, squares, true, board);
   return fen::WriteFullFen(board);
 }
 
 }  // namespace
 
 std::optional<TTableProbeAnswer> ProbeFen(CTablesService& service, const std::string& fenText) {
-  std::vector<TChessboard> line(CTableLookup::kLineSize);
   TChessboard board;
   ClearChessboard(board);
   fen::TFenExtras extras;
@@ -48,8 +46,7 @@ std::optional<TTableProbeAnswer> ProbeFen(CTablesService& service, const std::st
     throw std::invalid_argument(e.what());
   }
   board.ply = board.rootPlies =
-      extras.bBlackToMove ? CTableLookup::kLineSize - 2 : CTableLookup::kLineSize - 1;
-  board.line = line.data();
+      extras.bBlackToMove ? CTableLookup::kWhitePly - 1 : CTableLookup::kWhitePly;
   std::map<std::string, std::shared_ptr<const TEndgameTable>> held;
   const CTableLookup lookup(ServiceFinder(service, held));
   std::vector<TMove> best;

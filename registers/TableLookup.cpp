@@ -49,9 +49,9 @@ std::optional<std::uint8_t> CTableLookup::ValueFromMoves(const TChessboard& boar
   std::vector<std::pair<TMove, std::uint8_t>> successors;
   for (int i = 0; i < n; ++i) {
     if (IsCastling(board, moves[i])) continue;
-    const TChessboard* child = movemaking::MakeSuccessor(board, moves[i]);
-    if (child == nullptr) continue;
-    const auto value = ExactValue(*child);
+    TChessboard child;
+    if (!movemaking::MakeSuccessor(board, moves[i], child)) continue;
+    const auto value = ExactValue(child);
     if (!value) return std::nullopt;
     successors.emplace_back(moves[i], *value);
   }
@@ -76,10 +76,9 @@ std::optional<std::uint8_t> CTableLookup::ValueFromMoves(const TChessboard& boar
 }
 
 bool CTableLookup::MakeBoard(const TTableMaterial& material, const SquareIndex* squares,
-                             bool bWhiteToMove, TChessboard& board, TChessboard* lineBuffer) {
+                             bool bWhiteToMove, TChessboard& board) {
   ClearChessboard(board);
   for (int i = 0; i < material.Count(); ++i) board.squares[squares[i]] = material.Piece(i);
-  board.ply = board.rootPlies = bWhiteToMove ? kLineSize - 1 : kLineSize - 2;
-  board.line = lineBuffer;
+  board.ply = board.rootPlies = bWhiteToMove ? kWhitePly : kWhitePly - 1;
   return TryAnalyse(board, true);
 }

@@ -29,11 +29,11 @@ class CTableLookup {
   std::optional<std::uint8_t> ValueFromMoves(const TChessboard& board,
                                              std::vector<TMove>* best = nullptr) const;
 
-  // A free-standing board for a table placement (ply 201 with White to move, 200 with
-  // Black), its line in lineBuffer, which must hold 202 boards.
+  // A free-standing board for a table placement, deep enough for any table's mates.
   static bool MakeBoard(const TTableMaterial& material, const SquareIndex* squares,
-                        bool bWhiteToMove, TChessboard& board, TChessboard* lineBuffer);
-  static constexpr int kLineSize = 202;
+                        bool bWhiteToMove, TChessboard& board);
+  // The plies left of a free-standing board with White to move (Black's is one less).
+  static constexpr std::uint16_t kWhitePly = 201;
 
  private:
   TFind find;

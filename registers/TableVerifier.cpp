@@ -25,7 +25,6 @@ TTableVerification VerifyTable(const TEndgameTable& table, const CTableLookup::T
   std::atomic<std::uint64_t> nDone{0};
   const std::uint64_t size = table.Size();
   ParallelForRange(size, nThreads, [&](std::uint64_t begin, std::uint64_t end, int thread) {
-    std::vector<TChessboard> line(CTableLookup::kLineSize);
     TTableVerification own;
     for (std::uint64_t i = begin; i < end; ++i) {
       SquareIndex squares[TTableMaterial::kMaxPieces];
@@ -34,8 +33,7 @@ TTableVerification VerifyTable(const TEndgameTable& table, const CTableLookup::T
         const std::uint8_t stored = table.Value(bWhite, i);
         if (stored == tablevalue::kIllegal) continue;
         TChessboard board;
-        if (!CTableLookup::MakeBoard(table.Material(), squares, bWhite, board, line.data()))
-          continue;
+        if (!CTableLookup::MakeBoard(table.Material(), squares, bWhite, board)) continue;
         const auto derived = lookup.ValueFromMoves(board);
         ++own.nChecked;
         if (!derived) {

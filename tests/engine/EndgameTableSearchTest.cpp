@@ -32,12 +32,10 @@ class CCollectionProbe : public CTableProbe {
 // Whether White mates within the plies given (plies odd: White to move), by the search alone.
 bool SearchMates(const TTableMaterial& material, const SquareIndex* squares, bool bWhiteToMove,
                  int nMoves) {
-  std::vector<TChessboard> line(CTableLookup::kLineSize);
   TChessboard board;
-  EXPECT_TRUE(CTableLookup::MakeBoard(material, squares, bWhiteToMove, board, line.data()));
+  EXPECT_TRUE(CTableLookup::MakeBoard(material, squares, bWhiteToMove, board));
   board.ply = board.rootPlies = static_cast<std::uint16_t>(2 * nMoves - (bWhiteToMove ? 1 : 0));
   board.parent = nullptr;
-  board.line = nullptr;
   if (board.ply == 0) return board.IsBlackInCheck() && !movemaking::HasLegalMove(board);
   TChessboardRegister<bool> reg(200'000);
   SearchContext context;
