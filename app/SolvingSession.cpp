@@ -23,8 +23,6 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kProgressInterval{250};
 // The waiter of a console solve wakes this often.
 constexpr std::chrono::seconds kWaitSlice{1};
-// The engine's pass without heuristics, in which an open repetition is no mate.
-constexpr std::uint8_t kPassWithoutHeuristics = 2;
 
 std::int64_t MillisecondsSince(Clock::time_point start) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
@@ -126,10 +124,9 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
-        .passNumber = kPassWithoutHeuristics,
         .pRegister = tempRegister.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
-        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads};
+        .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     const TRootOutcome outcome = Supervise(solver, request, start);
     RecordOutcome(outcome, solver.WasStopped(), request);

@@ -169,11 +169,9 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
-  // A repetition of this very position is settled here: doubtful in the passes with
-  // heuristics, no mate in the exact pass.
-  if (mark == board.ply && context.passNumber == 1) bDoubtful = true;
-  // Under an active heuristic a failure to find mate proves nothing.
-  if (bDoubtful || board.searchFlags != 0) return mate::kDoubtful;
+  // A repetition of this very position is settled here, as no mate: the exact search loses
+  // no mate by cutting it.
+  if (bDoubtful) return mate::kDoubtful;
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
@@ -195,7 +193,7 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
 }
 
 MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
-  TBlackReplyTally tally;
+  int nLegal = 0;
   // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
   // before the others are generated, which then are mostly never needed, and the ordering
   // would cost more than it saves.
@@ -204,7 +202,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   TMove generatedKiller;
   const bool bKillerFirst = bNearHorizon && movegen::FindPieceMove(board, killer, &generatedKiller);
   if (bKillerFirst) {
-    if (const auto result = TryBlackReply(board, generatedKiller, tally)) return *result;
+    if (const auto result = TryBlackReply(board, generatedKiller, nLegal)) return *result;
   }
   TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
@@ -212,22 +210,19 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   if (!bNearHorizon) ordering::OrderBlackReplies(board, moves, n, killer);
   for (int i = 0; i < n; ++i) {
     if (bKillerFirst && moves[i].SameMove(killer)) continue;
-    if (const auto result = TryBlackReply(board, moves[i], tally)) return *result;
+    if (const auto result = TryBlackReply(board, moves[i], nLegal)) return *result;
   }
-  if (tally.nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
+  if (nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
   return mate::kMate;
 }
 
 std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, TMove reply,
-                                                     TBlackReplyTally& tally) {
-  if (reply.promotion != 0 && reply.from == tally.matedPromotion.from &&
-      reply.to == tally.matedPromotion.to)
-    return std::nullopt;
+                                                     int& nLegal) {
   TChessboard& child = line[board.ply];
   child = board;
   child.parent = &board;
   if (movemaking::MakeBlackMove(child, reply) <= 0) return std::nullopt;
-  ++tally.nLegal;
+  ++nLegal;
   CountPosition();
   MateResult result;
   const std::uint16_t repeated =
@@ -238,18 +233,15 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   } else {
     result = WhiteNode(child);
   }
-  if (result == mate::kMate) {
-    if (reply.promotion != 0 && context.bRemoveDuplicatePromotions) tally.matedPromotion = reply;
-    return std::nullopt;
-  }
+  if (result == mate::kMate) return std::nullopt;
   blackKillers[board.ply] = reply;
-  if (result != mate::kRepetition) return result == mate::kFilteredNoMate ? mate::kNoMate : result;
+  if (result != mate::kRepetition) return result;
   const std::uint16_t mark = repetitionMarks[child.ply];
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
-  return context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
+  return mate::kNoMate;
 }
 
 bool CMateSearch::MateInOne(const TChessboard& board) {

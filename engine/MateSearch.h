@@ -47,8 +47,6 @@ class CMateSearch {
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);
 
-  // The ply at which a kRepetition result returned for a node of this ply settles.
-  std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
   // Legal positions made so far (read by the progress display from other threads).
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
   // Legal White successors of board in this thread's buffer for its ply, with the order
@@ -60,15 +58,9 @@ class CMateSearch {
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
-  // What the replies of one Black node tried so far leave behind.
-  struct TBlackReplyTally {
-    int nLegal = 0;
-    TMove matedPromotion{square::kNone, square::kNone, 0, 0};  // see bRemoveDuplicatePromotions
-  };
-  // Searches one Black reply: nothing when White mates after it (or it is skipped or
-  // illegal), otherwise the node's result.
-  std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply,
-                                          TBlackReplyTally& tally);
+  // Searches one Black reply: nothing when White mates after it (or it is illegal),
+  // otherwise the node's result. nLegal counts the legal replies.
+  std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply, int& nLegal);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);

@@ -7,11 +7,9 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   root.parent = nullptr;
   root.line = nullptr;
-  root.passNumber = settings.passNumber;
   context.pRegister = settings.pRegister;
-  context.passNumber = settings.passNumber;
-  search = std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
-                                         settings.bShareFirstMoves);
+  search = std::make_unique<CRootSearch>(
+      context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

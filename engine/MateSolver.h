@@ -14,7 +14,6 @@ class CMateSolver {
   struct TSettings {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
-    std::uint8_t passNumber = 2;
     TChessboardRegister<bool>* pRegister = nullptr;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
     // engine runs that many workers and shares the work at any depth (see CRootSearch).
@@ -29,7 +28,8 @@ class CMateSolver {
   // start's squares and derived fields are used; its ply is set to 2N - 1 here.
   CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);
   TRootOutcome Run();
-  // Heuristic passes cut repeated positions; the exact pass need not (see SearchContext).
+  // Cutting repeated positions loses no mate; the exact search does better without (see
+  // SearchContext).
   void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bCut; }
   void Stop() { context.runState.store(runstate::kStop); }
   void Pause() { context.runState.store(runstate::kPause); }

@@ -145,9 +145,7 @@ void CRootSearch::Evaluate(int worker, int index, int nMaxSolutions) {
     if (task.bRefuted) {
       result = task.refutation;
       // A repetition can only settle at this Black node: the root never counts as repeated.
-      if (result == mate::kRepetition)
-        result = context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
-      if (result == mate::kFilteredNoMate) result = mate::kNoMate;
+      if (result == mate::kRepetition) result = mate::kNoMate;
     } else {
       result = task.abandon.IsSet() || search.Interrupted() ? mate::kDoubtful : mate::kMate;
     }

@@ -11,15 +11,10 @@ constexpr std::uint8_t kPause = 1;
 constexpr std::uint8_t kStop = 2;
 }  // namespace runstate
 
-// What the threads of one solve share: the run state, the register and the pass settings.
+// What the threads of one solve share: the run state, the register and the search settings.
 struct SearchContext {
   std::atomic<std::uint8_t> runState{runstate::kRun};
   TChessboardRegister<bool>* pRegister = nullptr;
-  // 1 in the passes with heuristics (an open repetition is doubtful), 2 in the exact pass.
-  std::uint8_t passNumber = 2;
-  // Skip a pawn's other promotions to the same square once one of them is mated. Unsound
-  // for under-promotions that check or stalemate, so the exact solver leaves it off.
-  bool bRemoveDuplicatePromotions = false;
   // Cut a line that returns to a position already on it (see CMateSearch). The exact pass
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
