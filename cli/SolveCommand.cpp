@@ -83,7 +83,10 @@ void PrintPass(const SolvingRequest& request, const std::vector<std::string>& re
   const TSolvingResult& result = request.result;
   for (const std::string& line : reportLines) std::printf("%s\n", line.c_str());
   if (!result.sError.empty()) return;
-  std::printf("Keys: %s\n", MovesText(result.keyTexts).c_str());
+  // A stopped pass has not looked at every first move: no keys found proves nothing.
+  if (!result.bStopped || !result.keyTexts.empty())
+    std::printf("%s: %s\n", result.bStopped ? "Keys found so far" : "Keys",
+                MovesText(result.keyTexts).c_str());
   const auto nCount =
       std::min<std::uint64_t>(result.nPositions, std::numeric_limits<std::uint32_t>::max());
   std::printf("Time: %s, positions: %s\n", FormatElapsed(result.nElapsedMs / 1000).c_str(),
@@ -113,9 +116,14 @@ TProblemEnd PrintPasses(const CSolvingSession& session, EWaitOutcome waited) {
   if (waited == EWaitOutcome::TimedOut) outcome.end = EProblemEnd::NotFinished;
   for (const auto& request : session.Requests()) {
     const TSolvingResult& result = request->result;
-    if (!result.bRun) continue;
+    if (!result.bRun) {
+      if (outcome.end == EProblemEnd::Solved) outcome.end = EProblemEnd::NotFinished;
+      continue;
+    }
     PrintPass(*request, CompletionReport(Options().nLanguageId, request->Label(), result));
     if (!result.sError.empty()) outcome.end = EProblemEnd::Failed;
+    if (result.bStopped && outcome.end != EProblemEnd::Failed)
+      outcome.end = EProblemEnd::NotFinished;
     if (!result.sError.empty() || result.bStopped) continue;
     const EAnswerCheck check = PrintAnswerCheck(*request);
     if (outcome.check != EAnswerCheck::Mismatched && check != EAnswerCheck::NotRecorded)

@@ -41,14 +41,19 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
                                             whiteKillers[board.ply]);
 }
 
-bool CMateSearch::MayGoOn() const {
-  for (;;) {
-    if (Interrupted()) return false;
-    const bool bPaused = context.runState.load(std::memory_order_relaxed) == runstate::kPause ||
-                         threadState.load(std::memory_order_relaxed) == kThreadPause;
-    if (!bPaused) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
+bool CMateSearch::MayGoOn() {
+  if (Interrupted()) return false;
+  return !IsPaused() || ParkWhilePaused();
+}
+
+bool CMateSearch::ParkWhilePaused() {
+  context.run.ParkUntil([this] { return Interrupted() || !IsPaused(); });
+  return !Interrupted();
+}
+
+void CMateSearch::SetPausedAlone(bool bPaused) {
+  bPausedAlone.store(bPaused);
+  context.run.Notify();
 }
 
 bool CMateSearch::UsesRegister(const TChessboard& board) const {
@@ -127,13 +132,17 @@ void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tall
 }
 
 void CMateSearch::SearchWhiteChildrenShared(TSplitPoint& split) {
-  splitBoard->Open(split);
+  const CSplitBoard::COpening opening(*splitBoard, split);
   HelpAt(split);
-  splitBoard->Close(split);
 }
 
 void CMateSearch::HelpAt(TSplitPoint& split) {
-  const TAbandonLink* own = abandon;
+  // The search's own work is restored however the help ends, an exception included.
+  struct TRestoreLink {
+    const TAbandonLink*& link;
+    const TAbandonLink* own;
+    ~TRestoreLink() { link = own; }
+  } restore{abandon, abandon};
   abandon = &split.abandon;
   for (;;) {
     const int i = split.nNext.fetch_add(1);
@@ -141,11 +150,14 @@ void CMateSearch::HelpAt(TSplitPoint& split) {
     TWhiteTally tally;
     EvaluateWhiteChild(split.children[split.order[i]], tally);
     if (Interrupted()) break;
-    std::lock_guard lock(split.tallyMutex);
-    split.tally.Merge(tally);
-    if (tally.bMate) split.abandon.bSet = true;  // one mating move settles the node
+    {
+      const std::lock_guard lock(split.tallyMutex);
+      split.tally.Merge(tally);
+      if (!tally.bMate) continue;
+      split.abandon.bSet = true;  // one mating move settles the node
+    }
+    context.run.WakeParked();
   }
-  abandon = own;
 }
 
 bool CMateSearch::HasShorterMate(const TChessboard& board) {

@@ -1,14 +1,13 @@
 #pragma once
 #include <atomic>
-#include <chrono>
 #include <cstdint>
 #include <optional>
-#include <thread>
 #include <vector>
 
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
 #include "engine/SearchContext.h"
+#include "engine/SplitBoard.h"
 #include "engine/SplitPoint.h"
 
 // The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
@@ -32,17 +31,15 @@ class CMateSearch {
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
 
-  // Per-thread state, beside the solve's run state: run, paused alone, or asked to end.
-  static constexpr std::uint8_t kThreadRun = 1, kThreadPause = 2, kThreadEnd = 254;
-  void SetThreadState(std::uint8_t state) { threadState.store(state); }
+  // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
+  void SetPausedAlone(bool bPaused);
   // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.
   void SetAbandonLink(const TAbandonLink* link) { abandon = link; }
   // Lets deep White nodes offer their moves to idle threads of the same solve.
   void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
-  // Whether results are no longer worth anything: stop, end of this thread, abandoned work.
+  // Whether results are no longer worth anything: the solve stops, or the work was abandoned.
   bool Interrupted() const {
-    return context.IsStopping() || threadState.load(std::memory_order_relaxed) == kThreadEnd ||
-           (abandon != nullptr && abandon->IsSet());
+    return context.run.IsStopping() || (abandon != nullptr && abandon->IsSet());
   }
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);
@@ -72,7 +69,11 @@ class CMateSearch {
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
   // Parks the thread while the solve or this thread is paused; false when it must give up.
-  bool MayGoOn() const;
+  bool MayGoOn();
+  bool IsPaused() const {
+    return context.run.IsPaused() || bPausedAlone.load(std::memory_order_relaxed);
+  }
+  bool ParkWhilePaused();
 
   SearchContext& context;
   std::vector<TChessboard> line;           // Black's successors: line[ply]
@@ -81,7 +82,7 @@ class CMateSearch {
   std::vector<std::uint16_t> repetitionMarks;
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};
-  std::atomic<std::uint8_t> threadState{kThreadRun};
+  std::atomic<bool> bPausedAlone{false};
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
 };

@@ -10,6 +10,7 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   context.pRegister = settings.pRegister;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
+  search->SetHooks(settings.hooks);
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

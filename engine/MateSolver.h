@@ -1,5 +1,4 @@
 #pragma once
-#include <atomic>
 #include <memory>
 
 #include "core/Chessboard.h"
@@ -20,6 +19,7 @@ class CMateSolver {
     int nLevels = 1;
     // Whether a thread may join the analysis of a first move another thread has taken.
     bool bShareFirstMoves = true;
+    TRootHooks hooks = {};
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.
@@ -31,22 +31,24 @@ class CMateSolver {
   // Cutting repeated positions loses no mate; the exact search does better without (see
   // SearchContext).
   void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bCut; }
-  void Stop() { context.runState.store(runstate::kStop); }
-  void Pause() { context.runState.store(runstate::kPause); }
+  void Stop() { context.run.Stop(); }
+  void Pause() { context.run.Pause(); }
   void Resume() {
-    context.runState.store(runstate::kRun);
+    context.run.Resume();
     search->ResumeAllThreads();
   }
-  // Pauses only the thread analysing the current first move.
+  // Pauses only the thread analysing the current first move; asked before a first move is
+  // current, the thread that takes the first one.
   void PauseOneThread() { search->PauseCurrentThread(); }
   void ShiftCurrentMoveToEnd() { search->ShiftCurrentMoveToEnd(); }
   void SwapCurrentWithNext() { search->SwapCurrentWithNext(); }
   void SkipToNextMove() { search->SkipToNextMove(); }
-  bool WasStopped() const { return context.runState.load() >= runstate::kStop; }
 
   std::uint64_t Positions() const { return search->Positions(); }
   double Progress() const { return search->Progress(); }
   const CRootSearch& Root() const { return *search; }
+  // Where the threads wait: an observer may wait here for them to park.
+  CRunControl& RunControl() { return context.run; }
 
  private:
   TChessboard root;
