@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -18,6 +20,7 @@
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
 #include "app/Startup.h"
+#include "app/platform/InterruptWatch.h"
 #include "cli/Commands.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
@@ -170,6 +173,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
+  else if (session.IsInterrupted())
+    std::printf("Stopped by the user: problem %d not finished\n", problem.id);
   std::printf("\n");
   std::fflush(stdout);
 }
@@ -230,9 +235,16 @@ void RunSolve(const TSolveArguments& args) {
         std::cerr << question << " Yes\n";
         return true;
       }});
+  // Ctrl+C and SIGTERM stop the solve cleanly: the threads end, the logs are closed.
+  std::atomic<int> nSignal{0};
+  const platform::CInterruptWatch interrupts([&](int n) {
+    nSignal = n;
+    session.Interrupt();
+  });
   const auto start = std::chrono::steady_clock::now();
   TTally tally;
-  for (const TProblem* problem : problems) SolveProblem(session, *problem, args, threads, tally);
+  for (const TProblem* problem : problems)
+    if (!session.IsInterrupted()) SolveProblem(session, *problem, args, threads, tally);
   const auto nSeconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start)
           .count();
@@ -241,6 +253,11 @@ void RunSolve(const TSolveArguments& args) {
       "mismatched %d; time %s\n",
       tally.nSolved, tally.nProblems, tally.nNotFinished, tally.nFailed, tally.nSkipped,
       tally.nMatched, tally.nMismatched, FormatElapsed(nSeconds).c_str());
+  if (nSignal != 0) {
+    std::fprintf(stderr, "Solving stopped by signal %d (%s)\n", nSignal.load(),
+                 nSignal == SIGINT ? "Ctrl+C" : "terminate");
+    throw CommandExit{128 + nSignal};  // as the shells report a process ended by the signal
+  }
   if (tally.nNotFinished + tally.nFailed + tally.nMismatched > 0) throw CommandExit{1};
 }
 
