@@ -1,16 +1,16 @@
 // Ctrl+C and SIGTERM: the watcher that turns them into a stop, and "longmate solve" ending
 // cleanly on them.
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <future>
 #include <string>
+#include <utility>
 
 #include "SolvingFixtures.h"
 #include "app/TempFolder.h"
@@ -42,35 +42,30 @@ std::filesystem::path LongmatePath() {
 }
 
 // "longmate solve" of a long problem in folder, its standard output read through a pipe.
+// The shell tells its process id first and then becomes the solve.
 class CSolveProcess {
  public:
-  CSolveProcess(const std::filesystem::path& folder, const std::string& fen) {
-    int ends[2];
-    if (pipe(ends) != 0) throw std::runtime_error("pipe");
-    const std::string program = LongmatePath().string();
-    const std::string errors = (folder / "err.txt").string();
-    pid = fork();
-    if (pid == 0) {  // only what is safe after fork until exec
-      const int errorFile = open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-      if (chdir(folder.c_str()) != 0 || dup2(ends[1], 1) < 0 || dup2(errorFile, 2) < 0) _exit(99);
-      close(ends[0]);
-      execl(program.c_str(), program.c_str(), "solve", "--quiet", "--fen", fen.c_str(), "--mate",
-            "10", static_cast<char*>(nullptr));
-      _exit(98);
-    }
-    close(ends[1]);
-    output = fdopen(ends[0], "r");
+  CSolveProcess(const std::filesystem::path& folder, const std::string& fen)
+      : output(
+            popen(("cd '" + folder.string() + "' && echo $$ && exec '" + LongmatePath().string() +
+                   "' solve --quiet --fen '" + fen + "' --mate 10 2> err.txt")
+                      .c_str(),
+                  "r")) {
+    ReadUntilLine("");
+    pid = std::stoi(text);
   }
   ~CSolveProcess() {
-    if (output) std::fclose(output);
+    if (!output) return;
+    kill(pid, SIGKILL);  // a test that failed half-way leaves no solve behind
+    pclose(output);
   }
-  // Reads the output until a line starting with prefix, or to its end without one; returns
-  // whether the line came.
+  // Reads the output up to the end of a line starting with prefix, or of the first line
+  // when prefix is empty; false at the end of the output.
   bool ReadUntilLine(const std::string& prefix) {
     char line[512];
     while (std::fgets(line, sizeof line, output)) {
       text += line;
-      if (!prefix.empty() && std::string(line).starts_with(prefix)) return true;
+      if (std::string(line).starts_with(prefix)) return true;
     }
     return false;
   }
@@ -78,16 +73,16 @@ class CSolveProcess {
   // did not exit by itself.
   int Signal(int nSignal) {
     kill(pid, nSignal);
-    ReadUntilLine("");
-    int nStatus = 0;
-    waitpid(pid, &nStatus, 0);
+    while (ReadUntilLine("")) {
+    }
+    const int nStatus = pclose(std::exchange(output, nullptr));
     return WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1;
   }
   const std::string& Text() const { return text; }
 
  private:
+  std::FILE* output;
   pid_t pid = -1;
-  std::FILE* output = nullptr;
   std::string text;
 };
 

@@ -157,15 +157,19 @@ TEST(SolvingSession, WaiterWakesEverySecondAndAtTheTimeLimit) {
   }
 }
 
-TEST(SolvingSession, PausesHoldTheThreadsUntilResumed) {
+TEST(SolvingSession, PausesHoldTheThreadsUntilResumedOrStopped) {
   const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
-  for (bool bOneThread : {false, true}) {
+  const struct {
+    bool bOneThread;  // pause the thread of the current move only
+    bool bStop;       // stop the paused solve instead of resuming it
+  } cases[] = {{false, false}, {true, false}, {false, true}};
+  for (const auto& c : cases) {
     CProgressEvents events;
     CSolvingSession session(TestOptions(), events.Callbacks());
     ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
               std::nullopt);
-    // Asked before the solver has taken its first move.
-    if (bOneThread)
+    // Asked at once: mostly before the solver has taken its first move.
+    if (c.bOneThread)
       session.PauseOneThread();
     else
       session.PauseAll();
@@ -175,10 +179,14 @@ TEST(SolvingSession, PausesHoldTheThreadsUntilResumed) {
     const std::uint64_t nPaused = session.Positions();
     events.WaitForAFreshReport();
     EXPECT_EQ(session.Positions(), nPaused);
-    EXPECT_TRUE(session.IsRunning());
-    session.Resume();
+    if (c.bStop)
+      session.Stop();
+    else
+      session.Resume();
     EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
     const TSolvingResult& result = session.Requests().at(0)->result;
+    EXPECT_EQ(result.bStopped, c.bStop);
+    if (c.bStop) continue;
     EXPECT_GT(result.nPositions, nPaused);
     EXPECT_THAT(result.keyTexts, ElementsAreArray(ReferenceKeys(kMates, "loyd-excelsior")));
   }

@@ -1,4 +1,4 @@
-// The manual commands and the pauses of a running solve, through real solves.
+// The manual commands of a running solve, through real solves.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -76,43 +76,6 @@ TEST(SolveControl, ManualCommandsReorderTheFirstMovesOfARealSolve) {
     }
     EXPECT_THAT(Texts(start, outcome.keys), ElementsAreArray(expected)) << c.szName;
     EXPECT_FALSE(outcome.bInterrupted) << c.szName;
-  }
-}
-
-TEST(SolveControl, PausesAskedBeforeTheSolveRunsParkItsThreads) {
-  const TProblemPosition problem = Row("directmates.tsv", "meson-78844");
-  const TChessboard start = Position(problem.fen);
-  const std::vector<std::string> keys = Keys(problem, 1, 1);
-  const struct {
-    const char* szName;
-    int nThreads;
-    bool bOneThread;  // pause the thread of the current move only
-    bool bStopWhilePaused;
-    int nParked;
-  } cases[] = {
-      {"one thread, before a move is current", 1, true, false, 1},
-      {"one of two threads", 2, true, false, 1},
-      {"all of two threads", 2, false, false, 2},
-      {"stopped while paused", 2, false, true, 2},
-  };
-  for (const auto& c : cases) {
-    TChessboardRegister<bool> reg(1'000'000);
-    CMateSolver solver(start, problem.nMoves, {.nThreads = c.nThreads, .pRegister = &reg});
-    if (c.bOneThread)
-      solver.PauseOneThread();
-    else
-      solver.Pause();
-    CBackgroundRun run(solver);
-    EXPECT_TRUE(run.WaitForParkedThreads(c.nParked)) << c.szName;
-    if (c.bStopWhilePaused)
-      solver.Stop();
-    else
-      solver.Resume();
-    const TRootOutcome outcome = run.Finish();
-    EXPECT_EQ(outcome.bInterrupted, c.bStopWhilePaused) << c.szName;
-    if (!c.bStopWhilePaused) {
-      EXPECT_THAT(Texts(start, outcome.keys), ElementsAreArray(keys)) << c.szName;
-    }
   }
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 // Real solves for the tests of their control: positions, keys as texts, events between
-// threads and a solve running in the background.
-#include <atomic>
+// threads.
 #include <condition_variable>
 #include <mutex>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "TestData.h"
@@ -69,41 +67,6 @@ class CEvent {
   std::mutex mutex;
   std::condition_variable raised;
   bool bSet = false;
-};
-
-// Runs a solver in a thread of its own and tells when it has ended.
-class CBackgroundRun {
- public:
-  explicit CBackgroundRun(CMateSolver& runSolver)
-      : solver(runSolver), thread([this] {
-          outcome = solver.Run();
-          bEnded = true;
-          solver.RunControl().Notify();
-        }) {}
-  ~CBackgroundRun() {
-    if (thread.joinable()) thread.join();
-  }
-  // Waits until nThreads threads are parked by a pause or the solve has ended; returns
-  // whether they parked.
-  bool WaitForParkedThreads(int nThreads) {
-    CRunControl& control = solver.RunControl();
-    for (;;) {
-      const std::uint64_t seen = control.Generation();
-      if (control.ParkedThreads() == nThreads) return true;
-      if (bEnded) return false;
-      control.WaitForChange(seen);
-    }
-  }
-  TRootOutcome Finish() {
-    thread.join();
-    return outcome;
-  }
-
- private:
-  CMateSolver& solver;
-  TRootOutcome outcome;
-  std::atomic<bool> bEnded{false};
-  std::thread thread;
 };
 
 }  // namespace solvecontrol
