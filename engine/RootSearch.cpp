@@ -1,6 +1,7 @@
 #include "engine/RootSearch.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
@@ -146,13 +147,16 @@ bool CRootSearch::PrepareReplies(TRootTask& task) {
 }
 
 void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
-  // However the search ends, an exception included, the worker leaves the move.
+  // However the search ends the worker leaves the move. By an exception it has lost the
+  // reply it took, so the move can no longer be proven.
   struct TLeave {
     CRunControl& run;
     CMateSearch& search;
     TRootTask& task;
+    const int nUncaught = std::uncaught_exceptions();
     ~TLeave() {
       search.SetAbandonLink(nullptr);
+      if (std::uncaught_exceptions() > nUncaught) task.abandon.bSet = true;
       if (task.nWorkersInside.fetch_sub(1) == 1) run.Notify();  // the owner may wait for it
     }
   } leave{context.run, search, task};

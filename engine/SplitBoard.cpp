@@ -58,3 +58,18 @@ CSplitBoard::COpening::~COpening() {
   }
   board.Close(split);
 }
+
+CSplitBoard::CHelping::CHelping(CSplitBoard& splitBoard, TSplitPoint& splitPoint)
+    : board(splitBoard), split(splitPoint), nUncaught(std::uncaught_exceptions()) {}
+
+CSplitBoard::CHelping::~CHelping() {
+  if (std::uncaught_exceptions() > nUncaught) {
+    {
+      const std::lock_guard lock(split.tallyMutex);
+      split.tally.bDoubtful = true;
+    }
+    split.abandon.bSet = true;
+    board.control.WakeParked();
+  }
+  board.Leave(split);
+}

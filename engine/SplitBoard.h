@@ -31,18 +31,19 @@ class CSplitBoard {
     TSplitPoint& split;
     const int nUncaught;
   };
-  // A helper's stay at a split point that Join gave it.
+  // A helper's stay at a split point that Join gave it. A helper that leaves by an
+  // exception has lost the move it took: the point's answer can no longer be trusted.
   class CHelping {
    public:
-    CHelping(CSplitBoard& splitBoard, TSplitPoint& splitPoint)
-        : board(splitBoard), split(splitPoint) {}
-    ~CHelping() { board.Leave(split); }
+    CHelping(CSplitBoard& splitBoard, TSplitPoint& splitPoint);
+    ~CHelping();
     CHelping(const CHelping&) = delete;
     CHelping& operator=(const CHelping&) = delete;
 
    private:
     CSplitBoard& board;
     TSplitPoint& split;
+    const int nUncaught;
   };
 
  private:
