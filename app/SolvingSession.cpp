@@ -223,7 +223,7 @@ EWaitOutcome CSolvingSession::Wait(const TWaitSettings& waitSettings) {
       });
       return bAllFinished ? EWaitOutcome::Finished : EWaitOutcome::TimedOut;
     }
-    if (!waitSettings.bQuiet && schedule.TakeTick(now))
+    if (schedule.TakeTick(now) && !waitSettings.bQuiet)
       progress.Tick(request.pProblem->id, request.nMirrorPass);
   }
   JoinThread();

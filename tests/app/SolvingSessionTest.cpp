@@ -157,6 +157,22 @@ TEST(SolvingSession, WaiterWakesEverySecondAndAtTheTimeLimit) {
   }
 }
 
+TEST(SolvingSession, QuietWaiterSleepsBetweenItsWakes) {
+  CSolvingSession session(TestOptions());
+  const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  // A clock on which the first second is over at once, and which then goes on slowly: a
+  // waiter that does not move on to its next wake spins, reading it without end.
+  const auto start = Clock::now();
+  int nReadings = 0;
+  const auto clock = [&] {
+    const int n = nReadings++;
+    return n == 0 ? start : start + 1s + 10ms * (n - 1);
+  };
+  EXPECT_EQ(session.Wait({.bQuiet = true, .clock = clock}), EWaitOutcome::Finished);
+  EXPECT_LT(nReadings, 100);
+}
+
 TEST(SolvingSession, PausesHoldTheThreadsUntilResumedOrStopped) {
   const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
   const struct {
