@@ -15,7 +15,7 @@ struct TRootTask {
   enum EState : int { kPending, kRunning, kDone };
 
   TChessboard child;  // the position after the first move, Black to move
-  // The members below up to the replies are guarded by the root search's queue mutex.
+  // Guarded by the mutex of the queue of first moves, up to the replies.
   EState state = kPending;
   MateResult result = mate::kNoMate;  // final once state is kDone
   bool bDropped = false;    // not needed: enough keys come before it in the order of analysis
