@@ -8,9 +8,15 @@ TProblemOutcome ProblemOutcome(const std::vector<std::unique_ptr<SolvingRequest>
   if (bTimedOut) outcome.end = EProblemEnd::NotFinished;
   for (const auto& pass : passes) {
     const TSolvingResult& result = pass->result;
-    if (!result.bRun) continue;
-    if (!result.sError.empty()) outcome.end = EProblemEnd::Failed;
-    if (!result.sError.empty() || result.bStopped) continue;
+    if (!result.sError.empty()) {
+      outcome.end = EProblemEnd::Failed;
+      continue;
+    }
+    // A pass that never ran, or was stopped, leaves the problem unfinished.
+    if (!result.bRun || result.bStopped) {
+      if (outcome.end == EProblemEnd::Solved) outcome.end = EProblemEnd::NotFinished;
+      continue;
+    }
     const EAnswerCheck check = CheckAnswer(*pass);
     if (outcome.check != EAnswerCheck::Mismatched && check != EAnswerCheck::NotRecorded)
       outcome.check = check;

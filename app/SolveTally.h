@@ -17,7 +17,8 @@ struct TProblemOutcome {
 };
 
 // The outcome of a problem from its passes: failed when a pass failed, not finished when the
-// solve ran out of time; a mismatch in any finished pass outweighs matches in the others.
+// solve ran out of time or a pass was stopped or never ran; a mismatch in any finished pass
+// outweighs matches in the others.
 TProblemOutcome ProblemOutcome(const std::vector<std::unique_ptr<SolvingRequest>>& passes,
                                bool bTimedOut);
 

@@ -26,6 +26,12 @@ constexpr TTextTwins kEngineCompleted{"Silnik zakończył pracę: %s", "Engine h
 constexpr TTextTwins kEngineStopped{"Silnik zatrzymany: %s", "Engine stopped: %s",
                                     "Рушій зупинено: %s"};
 constexpr TTextTwins kThreadStopped{"Wątek zatrzymany", "Thread stopped", "Потік зупинено"};
+constexpr TTextTwins kThreadStartFailed{"Nie udało się uruchomić wątków rozwiązujących (kod 128).",
+                                        "The solving threads could not be started (code 128).",
+                                        "Не вдалося запустити потоки розв'язування (код 128)."};
+constexpr TTextTwins kUnknownError{"Nieznany błąd.", "Unknown error.", "Невідома помилка."};
+constexpr TTextTwins kSolvingStopped{"Rozwiązywanie zostało zatrzymane.",
+                                     "Solving has been stopped.", "Розв'язування зупинено."};
 constexpr TTextTwins kMoreThanOne{"Znaleziono więcej niż jedno rozwiązanie: %d",
                                   "More than one solution found: %d",
                                   "Знайдено більше ніж один розв'язок: %d"};
@@ -79,15 +85,31 @@ std::string ThreadStoppedText(int nLanguageId) {
   return PickText(nLanguageId, kThreadStopped);
 }
 
+std::string ThreadStartFailedText(int nLanguageId) {
+  return PickText(nLanguageId, kThreadStartFailed);
+}
+
+std::string UnknownErrorText(int nLanguageId) {
+  return PickText(nLanguageId, kUnknownError);
+}
+
+std::string SolvingStoppedText(int nLanguageId) {
+  return PickText(nLanguageId, kSolvingStopped);
+}
+
 std::vector<std::string> CompletionReport(int nLanguageId, const std::string& label,
                                           const TSolvingResult& result) {
   std::vector<std::string> lines;
-  if (result.bStopped) lines.push_back(ThreadStoppedText(nLanguageId));
-  lines.push_back(EngineEndText(nLanguageId, label, result.bStopped));
   const bool bFailed = !result.sError.empty();
-  lines.push_back(ThreadCompletionText(nLanguageId, label, bFailed, result.sError));
+  // A failure is reported as such, whether or not a stop came with it.
+  const bool bStopped = result.bStopped && !bFailed;
+  if (bStopped) lines.push_back(ThreadStoppedText(nLanguageId));
+  lines.push_back(EngineEndText(nLanguageId, label, bStopped));
+  if (!bStopped) lines.push_back(ThreadCompletionText(nLanguageId, label, bFailed, result.sError));
   if (bFailed) lines.push_back(result.sError);
-  lines.push_back(SolutionCountText(nLanguageId, label, result.nSolutions));
+  // The keys found before a stop are real, but "none" would claim what was not searched.
+  if (!bStopped || result.nSolutions > 0)
+    lines.push_back(SolutionCountText(nLanguageId, label, result.nSolutions));
   return lines;
 }
 

@@ -18,7 +18,15 @@ std::string EngineEndText(int nLanguageId, const std::string& label, bool bStopp
 // "Thread stopped".
 std::string ThreadStoppedText(int nLanguageId);
 
-// Every line reported when a pass ends, in the order they are shown.
+// What a pass reports when its threads could not be started, and when it threw something
+// that carries no text.
+std::string ThreadStartFailedText(int nLanguageId);
+std::string UnknownErrorText(int nLanguageId);
+// Why a session starts no further solve once it was interrupted.
+std::string SolvingStoppedText(int nLanguageId);
+
+// Every line reported when a pass ends, in the order they are shown. A pass that was stopped
+// before it finished says so, and neither that it completed nor that it found no solution.
 std::vector<std::string> CompletionReport(int nLanguageId, const std::string& label,
                                           const TSolvingResult& result);
 

@@ -10,6 +10,7 @@
 #include "app/SolvingPlan.h"
 #include "app/SolvingRegistry.h"
 #include "app/SolvingReports.h"
+#include "app/WaitSchedule.h"
 #include "app/platform/Machine.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
@@ -23,10 +24,6 @@ using Clock = std::chrono::steady_clock;
 
 // How often the solving thread reports the progress of a pass.
 constexpr std::chrono::milliseconds kProgressInterval{250};
-// The waiter of a console solve wakes this often.
-constexpr std::chrono::seconds kWaitSlice{1};
-// The engine's pass without heuristics, in which an open repetition is no mate.
-constexpr std::uint8_t kPassWithoutHeuristics = 2;
 
 std::int64_t MillisecondsSince(Clock::time_point start) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
@@ -37,6 +34,20 @@ void MarkTimedOut(TSolvingResult& result) {
   result.nResultCode = kTimedOutResultCode;
   result.nMove = kNoMoveField;
 }
+
+// A pass's entry in the solving registry, removed however the pass ends.
+class CRegistryEntry {
+ public:
+  CRegistryEntry(std::string entryName, int nThreads) : name(std::move(entryName)) {
+    GetSolvingRegistry().Add(name, nThreads);
+  }
+  ~CRegistryEntry() { GetSolvingRegistry().Remove(name); }
+  CRegistryEntry(const CRegistryEntry&) = delete;
+  CRegistryEntry& operator=(const CRegistryEntry&) = delete;
+
+ private:
+  const std::string name;
+};
 
 std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
   auto tempRegister =
@@ -55,12 +66,14 @@ TThreadSettings MachineThreads(const COptions& settings) {
 
 }  // namespace
 
-CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sessionCallbacks)
+CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sessionCallbacks,
+                                 TSessionSeams sessionSeams)
     : settings(options),
       callbacks(std::move(sessionCallbacks)),
       defaultThreads(MachineThreads(options)),
       sGuiLogPath(GetProgramState().guiLogPath.string()),
-      tempRegister(MakeTempRegister(options)),
+      seams(std::move(sessionSeams)),
+      tempRegister(seams.pRegister ? nullptr : MakeTempRegister(options)),
       tables(std::make_unique<CTablesService>(TablesSettingsFromOptions(options),
                                               [this](const std::string& message) {
                                                 if (callbacks.onMessage) {
@@ -78,6 +91,7 @@ CSolvingSession::~CSolvingSession() {
 std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   const int nLanguageId = settings.nLanguageId;
   if (bRunning.load()) return AlreadySolvingText(nLanguageId);
+  if (IsInterrupted()) return SolvingStoppedText(nLanguageId);
   JoinThread();
   const TProblem& problem = *order.pProblem;
   if (problem.stipulation.type != TStipulation::kDirectMate)
@@ -99,11 +113,14 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                          .threads = threads,
                                          .bQuickMode = settings.bQuickMode,
                                          .bMirrorSwitch = order.bMirrorSwitch});
-  if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
-  BindRegisterToProblem(*tempRegister, problem.start);
+  if (tempRegister) {
+    if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+    BindRegisterToProblem(*tempRegister, problem.start);
+  }
   {
     const std::lock_guard lock(controlMutex);
-    bStopRequested = false;
+    if (bInterrupted) return SolvingStoppedText(nLanguageId);
+    stopRequest = EStopRequest::None;
     pauseState = EPauseState::Running;
   }
   bRunning.store(true);
@@ -113,14 +130,13 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
 
 void CSolvingSession::RunPasses() {
   for (const auto& request : requests) {
-    bool bStopRequestedNow = false;
-    {
-      const std::lock_guard lock(controlMutex);
-      bStopRequestedNow = bStopRequested;
-    }
-    if (!bStopRequestedNow) {
+    // The first pass runs and reports its end even when a stop came first, so that every
+    // solve started is seen to end; the stop ends it at once.
+    if (StopRequest() == EStopRequest::None || request == requests.front()) {
       RunPass(*request);
       ReportPassEnd(*request);
+    } else if (StopRequest() == EStopRequest::TimeLimit) {
+      MarkTimedOut(request->result);  // out of time before its turn came
     }
     request->MarkDone();
   }
@@ -131,30 +147,38 @@ void CSolvingSession::RunPasses() {
 void CSolvingSession::RunPass(SolvingRequest& request) {
   const auto start = Clock::now();
   request.result.bRun = true;
-  SolvingRegistry& registry = GetSolvingRegistry();
-  registry.Add(request.RegistryName(),
-               CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
-                                        static_cast<int>(request.threads.nLevels)));
+  // The solving thread's barrier: whatever the pass throws ends it with an error report.
   try {
+    const CRegistryEntry entry(request.RegistryName(),
+                               CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
+                                                        static_cast<int>(request.threads.nLevels)));
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
-        .passNumber = kPassWithoutHeuristics,
-        .pRegister = tempRegister.get(),
+        .pRegister = seams.pRegister ? seams.pRegister : tempRegister.get(),
         .pTables = tables.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
-        .bShareFirstMoves = Options().bLetAnalyzeTheSameMoveInTwoThreads,
+        .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
         .sortIndications =
             sortsource::ForSolve(*request.pProblem, settings.bUseMainVariantAsSortIndications,
-                                 request.nMirrorPass == 1)};
+                                 request.nMirrorPass == 1),
+        .hooks = {.startThread = seams.startThread}};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
-    const TRootOutcome outcome = Supervise(solver, request, start);
-    RecordOutcome(outcome, solver.WasStopped(), request);
+    Record(Supervise(solver, request, start), request);
   } catch (const std::exception& error) {
     request.result.sError = error.what();
+  } catch (...) {
+    request.result.sError = UnknownErrorText(settings.nLanguageId);
   }
   request.result.nElapsedMs = MillisecondsSince(start);
-  registry.Remove(request.RegistryName());
+}
+
+void CSolvingSession::Record(const TRootOutcome& outcome, SolvingRequest& request) const {
+  RecordOutcome(outcome, outcome.bInterrupted && outcome.nErrorCode == 0, request);
+  if (outcome.nErrorCode == kThreadStartFailed)
+    request.result.sError = ThreadStartFailedText(settings.nLanguageId);
+  const std::lock_guard lock(controlMutex);
+  if (outcome.bInterrupted && stopRequest == EStopRequest::TimeLimit) MarkTimedOut(request.result);
 }
 
 TRootOutcome CSolvingSession::Supervise(CMateSolver& solver, const SolvingRequest& request,
@@ -194,22 +218,32 @@ void CSolvingSession::ReportPassEnd(const SolvingRequest& request) const {
 }
 
 EWaitOutcome CSolvingSession::Wait(const TWaitSettings& waitSettings) {
-  const auto start = Clock::now();
+  const auto Now = [&waitSettings] {
+    return waitSettings.clock ? waitSettings.clock() : Clock::now();
+  };
+  std::optional<Clock::duration> limit;
+  if (waitSettings.nTimeLimitSeconds != kNoTimeLimit)
+    limit = std::chrono::seconds(waitSettings.nTimeLimitSeconds);
+  CWaitSchedule schedule(Now(), limit);
   CConsoleProgress progress(waitSettings.progressStream);
   for (std::size_t i = 0; i < requests.size() && solvingThread.joinable();) {
     SolvingRequest& request = *requests[i];
-    if (request.WaitDone(Clock::now() + kWaitSlice)) {
+    // The clock given may not be the steady one: only the time left is taken from it.
+    if (request.WaitDone(Clock::now() + (schedule.NextWake() - Now()))) {
       ++i;
       continue;
     }
-    if (!waitSettings.bQuiet) progress.Tick(request.pProblem->id, request.nMirrorPass);
-    if (waitSettings.nTimeLimitSeconds != kNoTimeLimit &&
-        MillisecondsSince(start) > waitSettings.nTimeLimitSeconds * std::int64_t{1000}) {
-      Stop();
+    const auto now = Now();
+    if (schedule.IsTimeUp(now)) {
+      RequestStop(EStopRequest::TimeLimit);
       JoinThread();
-      MarkTimedOut(request.result);
-      return EWaitOutcome::TimedOut;
+      const bool bAllFinished = std::all_of(requests.begin(), requests.end(), [](const auto& r) {
+        return r->result.bRun && !r->result.bStopped;
+      });
+      return bAllFinished ? EWaitOutcome::Finished : EWaitOutcome::TimedOut;
     }
+    if (schedule.TakeTick(now) && !waitSettings.bQuiet)
+      progress.Tick(request.pProblem->id, request.nMirrorPass);
   }
   JoinThread();
   return EWaitOutcome::Finished;
@@ -218,54 +252,4 @@ EWaitOutcome CSolvingSession::Wait(const TWaitSettings& waitSettings) {
 void CSolvingSession::JoinThread() {
   if (solvingThread.joinable() && solvingThread.get_id() != std::this_thread::get_id())
     solvingThread.join();
-}
-
-void CSolvingSession::SetActiveSolver(CMateSolver* solver) {
-  const std::lock_guard lock(controlMutex);
-  activeSolver = solver;
-  if (!solver) return;
-  if (bStopRequested)
-    solver->Stop();
-  else if (pauseState == EPauseState::AllPaused)
-    solver->Pause();
-  else if (pauseState == EPauseState::OnePaused)
-    solver->PauseOneThread();
-}
-
-void CSolvingSession::Stop() {
-  const std::lock_guard lock(controlMutex);
-  bStopRequested = true;
-  if (activeSolver) activeSolver->Stop();
-}
-
-void CSolvingSession::PauseAll() {
-  const std::lock_guard lock(controlMutex);
-  pauseState = EPauseState::AllPaused;
-  if (activeSolver) activeSolver->Pause();
-}
-
-bool CSolvingSession::PauseOneThread() {
-  const std::lock_guard lock(controlMutex);
-  pauseState = EPauseState::OnePaused;
-  if (!activeSolver) return false;
-  activeSolver->PauseOneThread();
-  return true;
-}
-
-void CSolvingSession::Resume() {
-  const std::lock_guard lock(controlMutex);
-  pauseState = EPauseState::Running;
-  if (activeSolver) activeSolver->Resume();
-}
-
-bool CSolvingSession::ApplyManualCommand(EManualCommand command) {
-  const std::lock_guard lock(controlMutex);
-  if (!settings.bEnableManualEngineControl || !activeSolver) return false;
-  ::ApplyManualCommand(*activeSolver, command);
-  return true;
-}
-
-std::uint64_t CSolvingSession::Positions() const {
-  const std::lock_guard lock(controlMutex);
-  return activeSolver ? activeSolver->Positions() : 0;
 }

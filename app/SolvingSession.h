@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,6 +22,7 @@
 #include "app/SolvingRequest.h"
 #include "app/TablesService.h"
 #include "app/ThreadSettings.h"
+#include "engine/SolvingThread.h"
 #include "problems/Problem.h"
 #include "registers/ChessboardRegister.h"
 
@@ -40,24 +42,38 @@ struct TWaitSettings {
   bool bQuiet = false;  // no progress line
   int nTimeLimitSeconds = kNoTimeLimit;
   std::FILE* progressStream = stderr;
+  // The clock the time limit is measured by; the steady clock when not given.
+  std::function<std::chrono::steady_clock::time_point()> clock = nullptr;
 };
 
 enum class EWaitOutcome { Finished, TimedOut };
 
+// What a session's solves are built from beyond the settings; tests give failing parts.
+struct TSessionSeams {
+  TChessboardRegister<bool>* pRegister = nullptr;  // the session's own register when null
+  TThreadStarter startThread = nullptr;            // the engine's own when null
+};
+
 class CSolvingSession {
  public:
-  explicit CSolvingSession(const COptions& settings, TSessionCallbacks callbacks = {});
+  explicit CSolvingSession(const COptions& settings, TSessionCallbacks callbacks = {},
+                           TSessionSeams seams = {});
   ~CSolvingSession();  // stops a running solve and waits for its thread
   CSolvingSession(const CSolvingSession&) = delete;
   CSolvingSession& operator=(const CSolvingSession&) = delete;
 
   // Checks the problem and starts its passes; returns the reason when it cannot start.
   std::optional<std::string> Start(const TSolveOrder& order);
-  // Blocks until the solve ends, waking once a second for the progress line and the time
-  // limit. A solve that runs out of time is stopped; its running pass gets result code 3.
+  // Blocks until the solve ends, waking once a second for the progress line and at the
+  // time limit. A solve that runs out of time is stopped; its running pass gets result code
+  // 3, and the wait says it timed out unless every pass had finished all the same.
   EWaitOutcome Wait(const TWaitSettings& settings = {});
 
   void Stop();
+  // Stops for good, as when the program is told to end: the running solve stops and no
+  // further solve starts. May be called from any thread, a signal watcher's included.
+  void Interrupt();
+  bool IsInterrupted() const;
   void PauseAll();
   // Parks the thread of the current move, in this pass and the next; returns whether a pass
   // was running to take it.
@@ -70,12 +86,15 @@ class CSolvingSession {
   bool IsRunning() const { return bRunning.load(); }
   // Positions examined so far by the running pass, 0 between passes.
   std::uint64_t Positions() const;
+  // Threads of the running pass that a pause holds now, 0 between passes.
+  int ParkedThreads() const;
   // The passes of the last solve; read them once it has ended.
   const std::vector<std::unique_ptr<SolvingRequest>>& Requests() const { return requests; }
   TThreadSettings DefaultThreads() const { return defaultThreads; }
 
  private:
   enum class EPauseState { Running, AllPaused, OnePaused };
+  enum class EStopRequest { None, User, TimeLimit };
 
   void RunPasses();
   void RunPass(SolvingRequest& request);
@@ -84,7 +103,11 @@ class CSolvingSession {
                          std::chrono::steady_clock::time_point start);
   TPassProgress Snapshot(const CMateSolver& solver, const SolvingRequest& request,
                          std::chrono::steady_clock::time_point start) const;
+  // Files the outcome of a pass into its request.
+  void Record(const TRootOutcome& outcome, SolvingRequest& request) const;
   void ReportPassEnd(const SolvingRequest& request) const;
+  void RequestStop(EStopRequest request);
+  EStopRequest StopRequest() const;
   // Makes the solver the target of stop and pause, passing on the requests made so far.
   void SetActiveSolver(CMateSolver* solver);
   void JoinThread();
@@ -93,6 +116,7 @@ class CSolvingSession {
   const TSessionCallbacks callbacks;
   const TThreadSettings defaultThreads;
   const std::string sGuiLogPath;  // where the engine's end is recorded; empty for none
+  const TSessionSeams seams;
   std::unique_ptr<TChessboardRegister<bool>> tempRegister;
   std::unique_ptr<CTablesService> tables;
 
@@ -102,6 +126,7 @@ class CSolvingSession {
 
   mutable std::mutex controlMutex;  // guards the members below
   CMateSolver* activeSolver = nullptr;
-  bool bStopRequested = false;
+  EStopRequest stopRequest = EStopRequest::None;
+  bool bInterrupted = false;
   EPauseState pauseState = EPauseState::Running;
 };

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -20,6 +22,7 @@
 #include "app/Startup.h"
 #include "app/ThreadCountLabel.h"
 #include "app/ThreadSettings.h"
+#include "app/platform/InterruptWatch.h"
 #include "cli/Commands.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
@@ -55,7 +58,10 @@ void PrintPass(const SolvingRequest& request, const std::vector<std::string>& re
   const TSolvingResult& result = request.result;
   for (const std::string& line : reportLines) std::printf("%s\n", line.c_str());
   if (!result.sError.empty()) return;
-  std::printf("Keys: %s\n", MovesText(result.keyTexts).c_str());
+  // A stopped pass has not looked at every first move: no keys found proves nothing.
+  if (!result.bStopped || !result.keyTexts.empty())
+    std::printf("%s: %s\n", result.bStopped ? "Keys found so far" : "Keys",
+                MovesText(result.keyTexts).c_str());
   const auto nCount =
       std::min<std::uint64_t>(result.nPositions, std::numeric_limits<std::uint32_t>::max());
   std::printf("Time: %s, positions: %s\n", FormatElapsed(result.nElapsedMs / 1000).c_str(),
@@ -116,6 +122,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
+  else if (session.IsInterrupted())
+    std::printf("Stopped by the user: problem %d not finished\n", problem.id);
   std::printf("\n");
   std::fflush(stdout);
 }
@@ -194,13 +202,25 @@ void RunSolve(const TSolveArguments& args) {
         std::cerr << question << " Yes\n";
         return true;
       }});
+  // Ctrl+C and SIGTERM stop the solve cleanly: the threads end, the logs are closed.
+  std::atomic<int> nSignal{0};
+  const platform::CInterruptWatch interrupts([&](int n) {
+    nSignal = n;
+    session.Interrupt();
+  });
   const auto start = std::chrono::steady_clock::now();
   CSolveTally tally;
-  for (const TProblem* problem : problems) SolveProblem(session, *problem, args, threads, tally);
+  for (const TProblem* problem : problems)
+    if (!session.IsInterrupted()) SolveProblem(session, *problem, args, threads, tally);
   const auto nSeconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start)
           .count();
   std::printf("%s\n", tally.SummaryText(nSeconds).c_str());
+  if (nSignal != 0) {
+    std::fprintf(stderr, "Solving stopped by signal %d (%s)\n", nSignal.load(),
+                 nSignal == SIGINT ? "Ctrl+C" : "terminate");
+    throw CommandExit{128 + nSignal};  // as the shells report a process ended by the signal
+  }
   if (tally.HasFailures()) throw CommandExit{1};
 }
 

@@ -5,10 +5,8 @@
 using MateResult = std::int8_t;
 
 namespace mate {
-constexpr MateResult kMate = 1;             // the side to move here is mated (White forces mate)
-constexpr MateResult kNoMate = 0;           // a defence exists, or White has no mating move
-constexpr MateResult kDoubtful = -1;        // a cut was made: neither proven nor refuted
-constexpr MateResult kFilteredNoMate = -2;  // no mate, from Black's move filter
-constexpr MateResult kRepetition = -3;      // the line returned to a position already on it
-constexpr MateResult kForcedMateDepthEnd = -4;
+constexpr MateResult kMate = 1;         // the side to move here is mated (White forces mate)
+constexpr MateResult kNoMate = 0;       // a defence exists, or White has no mating move
+constexpr MateResult kDoubtful = -1;    // the search was cut off: neither proven nor refuted
+constexpr MateResult kRepetition = -3;  // the line returned to a position already on it
 }  // namespace mate

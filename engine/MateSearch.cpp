@@ -57,14 +57,19 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
                                             whiteKillers[board.ply]);
 }
 
-bool CMateSearch::MayGoOn() const {
-  for (;;) {
-    if (Interrupted()) return false;
-    const bool bPaused = context.runState.load(std::memory_order_relaxed) == runstate::kPause ||
-                         threadState.load(std::memory_order_relaxed) == kThreadPause;
-    if (!bPaused) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
+bool CMateSearch::MayGoOn() {
+  if (Interrupted()) return false;
+  return !IsPaused() || ParkWhilePaused();
+}
+
+bool CMateSearch::ParkWhilePaused() {
+  context.run.ParkUntil([this] { return Interrupted() || !IsPaused(); });
+  return !Interrupted();
+}
+
+void CMateSearch::SetPausedAlone(bool bPaused) {
+  bPausedAlone.store(bPaused);
+  context.run.Notify();
 }
 
 bool CMateSearch::UsesRegister(const TChessboard& board) const {
@@ -157,13 +162,17 @@ void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tall
 }
 
 void CMateSearch::SearchWhiteChildrenShared(TSplitPoint& split) {
-  splitBoard->Open(split);
+  const CSplitBoard::COpening opening(*splitBoard, split);
   HelpAt(split);
-  splitBoard->Close(split);
 }
 
 void CMateSearch::HelpAt(TSplitPoint& split) {
-  const TAbandonLink* own = abandon;
+  // The search's own work is restored however the help ends, an exception included.
+  struct TRestoreLink {
+    const TAbandonLink*& link;
+    const TAbandonLink* own;
+    ~TRestoreLink() { link = own; }
+  } restore{abandon, abandon};
   abandon = &split.abandon;
   for (;;) {
     const int i = split.nNext.fetch_add(1);
@@ -171,11 +180,14 @@ void CMateSearch::HelpAt(TSplitPoint& split) {
     TWhiteTally tally;
     EvaluateWhiteChild(split.children[split.order[i]], tally);
     if (Interrupted()) break;
-    std::lock_guard lock(split.tallyMutex);
-    split.tally.Merge(tally);
-    if (tally.bMate) split.abandon.bSet = true;  // one mating move settles the node
+    {
+      const std::lock_guard lock(split.tallyMutex);
+      split.tally.Merge(tally);
+      if (!tally.bMate) continue;
+      split.abandon.bSet = true;  // one mating move settles the node
+    }
+    context.run.WakeParked();
   }
-  abandon = own;
 }
 
 bool CMateSearch::HasShorterMate(const TChessboard& board) {
@@ -199,11 +211,9 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
-  // A repetition of this very position is settled here: doubtful in the passes with
-  // heuristics, no mate in the exact pass.
-  if (mark == board.ply && context.passNumber == 1) bDoubtful = true;
-  // Under an active heuristic a failure to find mate proves nothing.
-  if (bDoubtful || board.searchFlags != 0) return mate::kDoubtful;
+  // A repetition of this very position is settled here, as no mate: the exact search loses
+  // no mate by cutting it.
+  if (bDoubtful) return mate::kDoubtful;
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
@@ -226,7 +236,7 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
 }
 
 MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
-  TBlackReplyTally tally;
+  int nLegal = 0;
   // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
   // before the others are generated, which then are mostly never needed, and the ordering
   // would cost more than it saves.
@@ -235,7 +245,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   TMove generatedKiller;
   const bool bKillerFirst = bNearHorizon && movegen::FindPieceMove(board, killer, &generatedKiller);
   if (bKillerFirst) {
-    if (const auto result = TryBlackReply(board, generatedKiller, tally)) return *result;
+    if (const auto result = TryBlackReply(board, generatedKiller, nLegal)) return *result;
   }
   TMove moves[kMoveBufferSize];
   const int n = board.IsBlackInCheck() ? movegen::GenerateEvasions(board, moves)
@@ -243,23 +253,20 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   if (!bNearHorizon) ordering::OrderBlackReplies(board, moves, n, killer);
   for (int i = 0; i < n; ++i) {
     if (bKillerFirst && moves[i].SameMove(killer)) continue;
-    if (const auto result = TryBlackReply(board, moves[i], tally)) return *result;
+    if (const auto result = TryBlackReply(board, moves[i], nLegal)) return *result;
   }
-  if (tally.nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
+  if (nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
   return mate::kMate;
 }
 
 std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, TMove reply,
-                                                     TBlackReplyTally& tally) {
-  if (reply.promotion != 0 && reply.from == tally.matedPromotion.from &&
-      reply.to == tally.matedPromotion.to)
-    return std::nullopt;
+                                                     int& nLegal) {
   assert(board.ply < line.size() && !board.IsWhiteToMove());
   TChessboard& child = line[board.ply];
   child = board;
   child.parent = &board;
   if (movemaking::MakeBlackMove(child, reply) <= 0) return std::nullopt;
-  ++tally.nLegal;
+  ++nLegal;
   CountPosition();
   MateResult result;
   const std::uint16_t repeated =
@@ -270,18 +277,15 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   } else {
     result = WhiteNode(child);
   }
-  if (result == mate::kMate) {
-    if (reply.promotion != 0 && context.bRemoveDuplicatePromotions) tally.matedPromotion = reply;
-    return std::nullopt;
-  }
+  if (result == mate::kMate) return std::nullopt;
   blackKillers[board.ply] = reply;
-  if (result != mate::kRepetition) return result == mate::kFilteredNoMate ? mate::kNoMate : result;
+  if (result != mate::kRepetition) return result;
   const std::uint16_t mark = repetitionMarks[child.ply];
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
-  return context.passNumber == 1 ? mate::kDoubtful : mate::kNoMate;
+  return mate::kNoMate;
 }
 
 bool CMateSearch::MateInOne(const TChessboard& board) {

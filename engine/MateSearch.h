@@ -1,14 +1,13 @@
 #pragma once
 #include <atomic>
-#include <chrono>
 #include <cstdint>
 #include <optional>
-#include <thread>
 #include <vector>
 
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
 #include "engine/SearchContext.h"
+#include "engine/SplitBoard.h"
 #include "engine/SplitPoint.h"
 
 // The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
@@ -32,23 +31,19 @@ class CMateSearch {
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
 
-  // Per-thread state, beside the solve's run state: run, paused alone, or asked to end.
-  static constexpr std::uint8_t kThreadRun = 1, kThreadPause = 2, kThreadEnd = 254;
-  void SetThreadState(std::uint8_t state) { threadState.store(state); }
+  // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
+  void SetPausedAlone(bool bPaused);
   // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.
   void SetAbandonLink(const TAbandonLink* link) { abandon = link; }
   // Lets deep White nodes offer their moves to idle threads of the same solve.
   void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
-  // Whether results are no longer worth anything: stop, end of this thread, abandoned work.
+  // Whether results are no longer worth anything: the solve stops, or the work was abandoned.
   bool Interrupted() const {
-    return context.IsStopping() || threadState.load(std::memory_order_relaxed) == kThreadEnd ||
-           (abandon != nullptr && abandon->IsSet());
+    return context.run.IsStopping() || (abandon != nullptr && abandon->IsSet());
   }
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);
 
-  // The ply at which a kRepetition result returned for a node of this ply settles.
-  std::uint16_t RepetitionMark(std::uint16_t ply) const { return repetitionMarks[ply]; }
   // Legal positions made so far (read by the progress display from other threads).
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
   // Legal White successors of board in this thread's buffer for its ply, with the order
@@ -60,15 +55,9 @@ class CMateSearch {
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
-  // What the replies of one Black node tried so far leave behind.
-  struct TBlackReplyTally {
-    int nLegal = 0;
-    TMove matedPromotion{square::kNone, square::kNone, 0, 0};  // see bRemoveDuplicatePromotions
-  };
-  // Searches one Black reply: nothing when White mates after it (or it is skipped or
-  // illegal), otherwise the node's result.
-  std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply,
-                                          TBlackReplyTally& tally);
+  // Searches one Black reply: nothing when White mates after it (or it is illegal),
+  // otherwise the node's result. nLegal counts the legal replies.
+  std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply, int& nLegal);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
@@ -83,7 +72,11 @@ class CMateSearch {
   // within the plies left.
   std::optional<MateResult> ProbeTables(const TChessboard& board) const;
   // Parks the thread while the solve or this thread is paused; false when it must give up.
-  bool MayGoOn() const;
+  bool MayGoOn();
+  bool IsPaused() const {
+    return context.run.IsPaused() || bPausedAlone.load(std::memory_order_relaxed);
+  }
+  bool ParkWhilePaused();
 
   SearchContext& context;
   std::vector<TChessboard> line;           // Black's successors: line[ply]
@@ -92,7 +85,7 @@ class CMateSearch {
   std::vector<std::uint16_t> repetitionMarks;
   std::vector<TMove> whiteKillers, blackKillers;
   std::atomic<std::uint64_t> nPositions{0};
-  std::atomic<std::uint8_t> threadState{kThreadRun};
+  std::atomic<bool> bPausedAlone{false};
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
 };

@@ -8,10 +8,10 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
-  context.passNumber = settings.passNumber;
   if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
+  search->SetHooks(settings.hooks);
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {

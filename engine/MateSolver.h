@@ -1,5 +1,4 @@
 #pragma once
-#include <atomic>
 #include <memory>
 
 #include "core/Chessboard.h"
@@ -15,7 +14,6 @@ class CMateSolver {
   struct TSettings {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
-    std::uint8_t passNumber = 2;
     TChessboardRegister<bool>* pRegister = nullptr;
     CTableProbe* pTables = nullptr;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
@@ -25,6 +23,7 @@ class CMateSolver {
     bool bShareFirstMoves = true;
     // Which White moves to try first (see CWhiteMoveHints); the keys found do not depend on it.
     TSortIndications sortIndications = {};
+    TRootHooks hooks = {};
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.
@@ -33,24 +32,27 @@ class CMateSolver {
   // start's squares and derived fields are used; its ply is set to 2N - 1 here.
   CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);
   TRootOutcome Run();
-  // Heuristic passes cut repeated positions; the exact pass need not (see SearchContext).
+  // Cutting repeated positions loses no mate; the exact search does better without (see
+  // SearchContext).
   void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bCut; }
-  void Stop() { context.runState.store(runstate::kStop); }
-  void Pause() { context.runState.store(runstate::kPause); }
+  void Stop() { context.run.Stop(); }
+  void Pause() { context.run.Pause(); }
   void Resume() {
-    context.runState.store(runstate::kRun);
+    context.run.Resume();
     search->ResumeAllThreads();
   }
-  // Pauses only the thread analysing the current first move.
+  // Pauses only the thread analysing the current first move; asked before a first move is
+  // current, the thread that takes the first one.
   void PauseOneThread() { search->PauseCurrentThread(); }
   void ShiftCurrentMoveToEnd() { search->ShiftCurrentMoveToEnd(); }
   void SwapCurrentWithNext() { search->SwapCurrentWithNext(); }
   void SkipToNextMove() { search->SkipToNextMove(); }
-  bool WasStopped() const { return context.runState.load() >= runstate::kStop; }
 
   std::uint64_t Positions() const { return search->Positions(); }
   double Progress() const { return search->Progress(); }
   const CRootSearch& Root() const { return *search; }
+  // Where the threads wait: an observer may wait here for them to park.
+  CRunControl& RunControl() { return context.run; }
 
  private:
   TChessboard root;

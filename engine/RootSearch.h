@@ -1,73 +1,94 @@
 #pragma once
-#include <condition_variable>
 #include <cstdint>
-#include <deque>
+#include <exception>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
 #include "core/Chessboard.h"
 #include "engine/AnswerCountMap.h"
+#include "engine/FirstMoveQueue.h"
 #include "engine/MateSearch.h"
-#include "engine/RootTask.h"
+#include "engine/SolvingThread.h"
+
+// The error code of a solve whose threads could not all be started.
+inline constexpr int kThreadStartFailed = 128;
 
 // What the root search found.
 struct TRootOutcome {
   MateResult result = mate::kNoMate;  // kMate when at least one key was found
-  std::vector<TMove> keys;            // in the order of the sorted first moves
+  std::vector<TMove> keys;            // in the order of analysis (the sorted order unless a
+                                      // manual command changed it)
   CAnswerCountMap answers;
   std::uint64_t nPositions = 0;
-  int nErrorCode = 0;  // 128 when the solving threads could not be started
+  int nErrorCode = 0;         // kThreadStartFailed, or 0
+  bool bInterrupted = false;  // stopped before every first move it needed was settled
+};
+
+// Seams for tests and observers of a solve. The callbacks run in the worker concerned,
+// outside every lock of the search; they may use the manual commands.
+struct TRootHooks {
+  TThreadStarter startThread = nullptr;                  // CSolvingThread::Start when null
+  std::function<void(int nMove)> onMoveTaken = nullptr;  // before its search begins
+  std::function<void(int nMove, MateResult result)> onMoveSettled = nullptr;
 };
 
 // The root of a solve. White's first moves, sorted, wait in a queue; each worker thread
 // takes the next one, and a worker that finds the queue empty helps a running move by
-// taking Black replies from it. Every worker owns its search and line; they share the
-// context (register, run state). No lock is taken on the search's hot path.
+// taking Black replies from it, or a deep White node by taking its moves. Every worker owns
+// its search and line; they share the context (register, run state). No lock is taken on
+// the search's hot path, and a worker without work sleeps until there is some.
 class CRootSearch {
  public:
   // With bShareFirstMoves false every first move stays with the one thread that took it.
-  CRootSearch(SearchContext& context, const TChessboard& root, int nThreads, bool bShareFirstMoves = true);
-  // Stops after nMaxSolutions keys (0: all solutions). Blocks until every worker ended.
+  CRootSearch(SearchContext& context, const TChessboard& root, int nThreads,
+              bool bShareFirstMoves = true);
+  void SetHooks(TRootHooks rootHooks) { hooks = std::move(rootHooks); }
+  // Stops after nMaxSolutions keys (0: all solutions), the first ones in the order of
+  // analysis. Blocks until every worker ended; rethrows what a worker threw.
   TRootOutcome Run(int nMaxSolutions);
 
   std::uint64_t Positions() const;
   // Share of first moves finished, 0..1.
-  double Progress() const;
+  double Progress() const { return queue.ShareDone(); }
   const std::vector<TMove>& FirstMoves() const { return firstMoves; }
-  // Sorted index of the first move under analysis that was taken first, or -1.
-  int CurrentMoveIndex() const;
+  // Sorted index of the first move under analysis that comes first, or -1.
+  int CurrentMoveIndex() const { return queue.CurrentMove(); }
 
   // Manual control of the first moves, from any thread while Run runs.
   void ShiftCurrentMoveToEnd() { RequeueCurrent(TRootTask::kRequeueAtEnd); }
   void SwapCurrentWithNext() { RequeueCurrent(TRootTask::kRequeueBehindNext); }
   void SkipToNextMove() { RequeueCurrent(TRootTask::kSkip); }
+  // Pauses the thread of the current move; asked before any move is current, the thread
+  // that takes the first one.
   void PauseCurrentThread();
   void ResumeAllThreads();
 
  private:
-  void Work(int worker, int nMaxSolutions);
-  int TakePendingMove(int worker);
-  TRootTask* FindTaskToHelp();
-  void Evaluate(int worker, int index, int nMaxSolutions);
+  // Starts the workers beyond the calling thread's; false when one could not be started.
+  bool StartHelpers(std::vector<std::unique_ptr<CSolvingThread>>& threads);
+  // Every worker thread's entry: what it throws stops the solve and is kept for Run.
+  void RunWorker(int worker) noexcept;
+  void Work(int worker);
+  bool HelpSomewhere(CMateSearch& search);
+  void Evaluate(int worker, int index);
+  MateResult SearchMove(CMateSearch& search, TRootTask& task);
   bool PrepareReplies(TRootTask& task);
   void SearchReplies(CMateSearch& search, TRootTask& task);
-  void Finish(int index, MateResult result);
+  void WaitForHelpers(const TRootTask& task);
   void RequeueCurrent(TRootTask::ERequeue how);
-  bool AllDone() const { return nDone.load() == static_cast<int>(tasks.size()); }
+  TRootOutcome Collect() const;
 
   SearchContext& context;
   const TChessboard& root;
+  TRootHooks hooks;
   std::vector<std::unique_ptr<CMateSearch>> searches;
-  std::vector<std::unique_ptr<TRootTask>> tasks;  // in sorted order
-  std::vector<TMove> firstMoves;
-  std::vector<int> ownerOf;  // worker analysing each task, -1 when none (under queueMutex)
-
-  mutable std::mutex queueMutex;
-  std::deque<int> pending;  // under queueMutex
-  std::condition_variable workChanged;
-  std::atomic<int> nDone{0};
-  std::atomic<int> nKeysFound{0};
+  std::vector<TMove> firstMoves;  // in sorted order
+  CFirstMoveQueue queue;
   const bool bShareFirstMoves;
   CSplitBoard splitBoard;
+
+  std::mutex failureMutex;
+  std::exception_ptr failure;  // under failureMutex: the first thing a worker threw
 };

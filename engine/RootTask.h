@@ -15,21 +15,24 @@ struct TRootTask {
   enum EState : int { kPending, kRunning, kDone };
 
   TChessboard child;  // the position after the first move, Black to move
-  std::atomic<int> state{kPending};
+  // Guarded by the mutex of the queue of first moves, up to the replies.
+  EState state = kPending;
   MateResult result = mate::kNoMate;  // final once state is kDone
+  bool bDropped = false;    // not needed: enough keys come before it in the order of analysis
+  bool bCutByStop = false;  // settled as doubtful because the solve was stopped
 
   std::vector<TChessboard> replies;  // ready once bRepliesReady is set
   std::atomic<bool> bRepliesReady{false};
   std::atomic<int> nNextReply{0};
   std::atomic<int> nWorkersInside{0};
-  TAbandonLink abandon;  // set when refuted, skipped or shifted: stop working on it
+  TAbandonLink abandon;  // set when refuted, dropped, skipped or shifted: stop working on it
 
   std::mutex refutationMutex;
   bool bRefuted = false;  // under refutationMutex
   MateResult refutation = mate::kNoMate;
 
   // Requested by the manual commands while the move runs: give the result up and queue it
-  // again, at the end or behind the next pending move.
+  // again, at the end or behind the next pending move, or settle it as it stands.
   enum ERequeue : int { kNoRequeue, kRequeueAtEnd, kRequeueBehindNext, kSkip };
   std::atomic<int> requeue{kNoRequeue};
 
@@ -40,6 +43,5 @@ struct TRootTask {
     abandon.bSet = false;
     bRefuted = false;
     refutation = mate::kNoMate;
-    requeue = kNoRequeue;
   }
 };

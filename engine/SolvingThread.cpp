@@ -2,6 +2,8 @@
 
 #include <pthread.h>
 
+#include <new>
+
 struct CSolvingThread::TState {
   std::function<void()> body;
   pthread_t handle{};
@@ -20,8 +22,12 @@ CSolvingThread::~CSolvingThread() {
   Join();
 }
 
-bool CSolvingThread::Start(std::function<void()> body, std::size_t nStackBytes) {
-  state = std::make_unique<TState>();
+bool CSolvingThread::Start(std::function<void()> body, std::size_t nStackBytes) noexcept {
+  try {
+    state = std::make_unique<TState>();
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
   state->body = std::move(body);
   pthread_attr_t attributes;
   if (pthread_attr_init(&attributes) != 0) return false;

@@ -13,10 +13,16 @@ class CSolvingThread {
   CSolvingThread(const CSolvingThread&) = delete;
   CSolvingThread& operator=(const CSolvingThread&) = delete;
 
-  bool Start(std::function<void()> body, std::size_t nStackBytes);
+  // body must not throw: it is the thread's entry, where nobody could catch it.
+  bool Start(std::function<void()> body, std::size_t nStackBytes) noexcept;
   void Join();
 
  private:
   struct TState;
   std::unique_ptr<TState> state;
 };
+
+// Starts thread with body and the stack size, as CSolvingThread::Start does; a solve may be
+// given another starter to see what a failed start does.
+using TThreadStarter = std::function<bool(CSolvingThread& thread, std::function<void()> body,
+                                          std::size_t nStackBytes)>;

@@ -1,11 +1,8 @@
 #pragma once
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdint>
 #include <mutex>
-#include <thread>
-#include <vector>
 
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
@@ -49,51 +46,7 @@ struct TSplitPoint {
   std::atomic<int> nNext{0};
   TAbandonLink abandon;  // set once a move mates; chained to the owner's own work
   std::mutex tallyMutex;
-  TWhiteTally tally;  // under tallyMutex
-  int nHelpers = 0;   // under the board's mutex
-};
-
-// The open split points of one solve, and how many threads are looking for work.
-class CSplitBoard {
- public:
-  bool HasIdleWorkers() const { return nIdle.load(std::memory_order_relaxed) > 0; }
-  void SetIdle(bool bIdle) { nIdle.fetch_add(bIdle ? 1 : -1); }
-
-  void Open(TSplitPoint& split) {
-    std::lock_guard lock(mutex);
-    open.push_back(&split);
-  }
-  // Removes the split point once no helper is inside it any more.
-  void Close(TSplitPoint& split) {
-    for (;;) {
-      {
-        std::lock_guard lock(mutex);
-        if (split.nHelpers == 0) {
-          open.erase(std::find(open.begin(), open.end(), &split));
-          return;
-        }
-      }
-      // The helpers give up at their next node once the point is settled.
-      std::this_thread::sleep_for(std::chrono::microseconds(50));
-    }
-  }
-  // A split point with moves left, its helper count raised; null when there is none.
-  TSplitPoint* Join() {
-    std::lock_guard lock(mutex);
-    for (TSplitPoint* split : open)
-      if (split->nNext.load() < split->n && !split->abandon.IsSet()) {
-        ++split->nHelpers;
-        return split;
-      }
-    return nullptr;
-  }
-  void Leave(TSplitPoint& split) {
-    std::lock_guard lock(mutex);
-    --split.nHelpers;
-  }
-
- private:
-  std::atomic<int> nIdle{0};
-  std::mutex mutex;
-  std::vector<TSplitPoint*> open;
+  TWhiteTally tally;      // under tallyMutex
+  int nHelpers = 0;       // under the board's mutex
+  bool bClosing = false;  // under the board's mutex: the owner waits for the helpers to leave
 };

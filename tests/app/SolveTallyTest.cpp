@@ -50,7 +50,9 @@ TEST(SolveTally, AProblemEndsByTheWorstOfItsPasses) {
       {"no answer recorded", false, {wrong}, false, {Solved, NotRecorded}},
       {"a mismatch in either pass", true, {right, wrong}, false, {Solved, Mismatched}},
       {"a mismatch before a match", true, {wrong, right}, false, {Solved, Mismatched}},
-      {"a pass that never ran", true, {right, notRun}, false, {Solved, Matched}},
+      // A planned pass is left out only when the solve was stopped before it.
+      {"a pass that never ran", true, {right, notRun}, false, {NotFinished, Matched}},
+      {"stopped by the user", true, {right, stopped}, false, {NotFinished, Matched}},
       {"an error", true, {right, broken}, false, {Failed, Matched}},
       {"out of time", true, {stopped}, true, {NotFinished, NotRecorded}},
       {"out of time with an error", true, {broken}, true, {Failed, NotRecorded}},

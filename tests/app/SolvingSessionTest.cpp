@@ -4,46 +4,21 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
-#include <thread>
 
-#include "SolvingFixtures.h"
+#include "SolvingSessionHelpers.h"
 #include "app/SolvingRegistry.h"
 #include "app/SolvingReports.h"
-#include "app/SolvingSession.h"
-#include "app/platform/ProcessThreads.h"
+#include "app/WaitSchedule.h"
 
 namespace {
 
-using ::testing::Contains;
+using namespace sessiontest;
+
+using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;
-using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
-
-constexpr const char* kMates = "directmates.tsv";
-// A mate in 6 that takes far longer than any test waits.
-constexpr const char* kLongSolveFile = "moremovers.tsv";
-constexpr const char* kLongSolveRow = "mt-04273";
-
-COptions TestOptions() {
-  COptions options = DefaultOptions();
-  options.nLanguageId = 1;
-  return options;
-}
-
-int ProcessThreadCount() {
-  int n = 0;
-  platform::ForEachThreadOfProcess([&n](pid_t) { return ++n > 0; });
-  return n;
-}
-
-// The count a solve must return to. ThreadSanitizer starts a helper thread of its own with the
-// process's first thread, so one thread is started first to have it counted here.
-int ThreadCountBeforeSolving() {
-  std::thread([] {}).join();
-  return ProcessThreadCount();
-}
 
 const TSolvingResult& Solve(CSolvingSession& session, const TProblem& problem,
                             bool bFindAll = false, unsigned nThreads = 2) {
@@ -113,18 +88,16 @@ TEST(SolvingSession, ReportsThroughCallbacks) {
   EXPECT_EQ(outcomes[0].result.nMove, MoveOf("Qh5-a5").from | MoveOf("Qh5-a5").to << 8);
 }
 
-TEST(SolvingSession, StopEndsALongSolveWithinASecond) {
+TEST(SolvingSession, StopEndsALongSolveThatSaysItDidNotFinish) {
   const int nThreadsBefore = ThreadCountBeforeSolving();
-  CSolvingSession session(TestOptions());
+  CProgressEvents events;
+  CSolvingSession session(TestOptions(), events.Callbacks());
   const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow, 0, 8);
   ASSERT_EQ(session.Start({.pProblem = problem.get(), .bMirrorSwitch = true}), std::nullopt);
-  std::this_thread::sleep_for(300ms);
-  EXPECT_TRUE(session.IsRunning());
+  ASSERT_TRUE(events.WaitUntil(session, [&] { return session.Positions() > 0; }));
   EXPECT_TRUE(GetSolvingRegistry().Contains("8"));
-  const auto stopped = Clock::now();
   session.Stop();
   EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
-  EXPECT_LT(Clock::now() - stopped, 1s);
   EXPECT_FALSE(session.IsRunning());
   EXPECT_FALSE(GetSolvingRegistry().Contains("8"));
   EXPECT_EQ(ProcessThreadCount(), nThreadsBefore);
@@ -132,44 +105,107 @@ TEST(SolvingSession, StopEndsALongSolveWithinASecond) {
   ASSERT_EQ(requests.size(), 2u);
   EXPECT_TRUE(requests[0]->result.bStopped);
   EXPECT_FALSE(requests[1]->result.bRun);  // the mirrored pass never started
-  EXPECT_THAT(CompletionReport(1, "8", requests[0]->result), Contains("Engine stopped: 8"));
+  EXPECT_THAT(CompletionReport(1, "8", requests[0]->result),
+              ElementsAre("Thread stopped", "Engine stopped: 8"));
 }
 
 TEST(SolvingSession, TimeLimitStopsTheSolveWithCode3) {
   const int nThreadsBefore = ThreadCountBeforeSolving();
-  CSolvingSession session(TestOptions());
+  CProgressEvents events;
+  CSolvingSession session(TestOptions(), events.Callbacks());
   const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow);
   ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
-  const auto started = Clock::now();
-  EXPECT_EQ(session.Wait({.bQuiet = true, .nTimeLimitSeconds = 1}), EWaitOutcome::TimedOut);
-  EXPECT_LT(Clock::now() - started, 4s);
+  ASSERT_TRUE(events.WaitUntil(session, [&] { return session.Positions() > 0; }));
+  // A clock on which the limit has passed by the first look after the wait began.
+  const auto start = Clock::now();
+  int nReadings = 0;
+  const auto clock = [&] { return nReadings++ == 0 ? start : start + 5s; };
+  EXPECT_EQ(session.Wait({.bQuiet = true, .nTimeLimitSeconds = 5, .clock = clock}),
+            EWaitOutcome::TimedOut);
   EXPECT_FALSE(session.IsRunning());
   EXPECT_EQ(ProcessThreadCount(), nThreadsBefore);
   const TSolvingResult& result = session.Requests().at(0)->result;
   EXPECT_EQ(result.nResultCode, kTimedOutResultCode);
   EXPECT_EQ(result.nMove, 0xFFFF);
+  EXPECT_THAT(CompletionReport(1, "1", result), ElementsAre("Thread stopped", "Engine stopped: 1"));
 }
 
-TEST(SolvingSession, PauseHoldsThePositionCountAndResumeFinishes) {
+TEST(SolvingSession, WaiterWakesEverySecondAndAtTheTimeLimit) {
+  const Clock::time_point t0{};
+  const auto At = [t0](std::chrono::milliseconds ms) { return t0 + ms; };
+  const struct {
+    std::optional<Clock::duration> limit;
+    std::chrono::milliseconds now;  // the waiter wakes here and looks
+    bool bTick, bTimeUp;
+    std::chrono::milliseconds nextWake;
+  } cases[] = {
+      {std::nullopt, 0ms, false, false, 1000ms},
+      {std::nullopt, 1000ms, true, false, 2000ms},
+      {std::nullopt, 3500ms, true, false, 4000ms},  // a late wake reports one tick
+      {1500ms, 0ms, false, false, 1000ms},
+      {1500ms, 1000ms, true, false, 1500ms},  // the limit, not the next second
+      {1500ms, 1499ms, true, false, 1500ms},
+      {1500ms, 1500ms, true, true, 1500ms},
+      {300ms, 0ms, false, false, 300ms},
+      {300ms, 300ms, false, true, 300ms},
+  };
+  for (const auto& c : cases) {
+    CWaitSchedule schedule(t0, c.limit);
+    EXPECT_EQ(schedule.TakeTick(At(c.now)), c.bTick) << c.now.count();
+    EXPECT_EQ(schedule.IsTimeUp(At(c.now)), c.bTimeUp) << c.now.count();
+    EXPECT_EQ(schedule.NextWake(), At(c.nextWake)) << c.now.count();
+  }
+}
+
+TEST(SolvingSession, QuietWaiterSleepsBetweenItsWakes) {
   CSolvingSession session(TestOptions());
   const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
-  ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
-            std::nullopt);
-  const auto deadline = Clock::now() + 10s;
-  while (session.Positions() < 2000 && session.IsRunning() && Clock::now() < deadline)
-    std::this_thread::sleep_for(1ms);
-  session.PauseAll();
-  std::this_thread::sleep_for(100ms);  // the worker parks at its next Black node
-  const std::uint64_t nPaused = session.Positions();
-  std::this_thread::sleep_for(200ms);
-  EXPECT_GT(nPaused, 0u) << "the solve ended before it could be paused";
-  EXPECT_EQ(session.Positions(), nPaused);
-  EXPECT_TRUE(session.IsRunning());
-  session.Resume();
-  EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
-  const TSolvingResult& result = session.Requests().at(0)->result;
-  EXPECT_GT(result.nPositions, nPaused);
-  EXPECT_THAT(result.keyTexts, ElementsAreArray(ReferenceKeys(kMates, "loyd-excelsior")));
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  // A clock on which the first second is over at once, and which then goes on slowly: a
+  // waiter that does not move on to its next wake spins, reading it without end.
+  const auto start = Clock::now();
+  int nReadings = 0;
+  const auto clock = [&] {
+    const int n = nReadings++;
+    return n == 0 ? start : start + 1s + 10ms * (n - 1);
+  };
+  EXPECT_EQ(session.Wait({.bQuiet = true, .clock = clock}), EWaitOutcome::Finished);
+  EXPECT_LT(nReadings, 100);
+}
+
+TEST(SolvingSession, PausesHoldTheThreadsUntilResumedOrStopped) {
+  const auto problem = ReferenceProblem(kMates, "loyd-excelsior", option::kNoMirror);
+  const struct {
+    bool bOneThread;  // pause the thread of the current move only
+    bool bStop;       // stop the paused solve instead of resuming it
+  } cases[] = {{false, false}, {true, false}, {false, true}};
+  for (const auto& c : cases) {
+    CProgressEvents events;
+    CSolvingSession session(TestOptions(), events.Callbacks());
+    ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
+              std::nullopt);
+    // Asked at once: mostly before the solver has taken its first move.
+    if (c.bOneThread)
+      session.PauseOneThread();
+    else
+      session.PauseAll();
+    ASSERT_TRUE(events.WaitUntil(session, [&] { return session.ParkedThreads() == 1; }))
+        << "the solve ended before it could be paused";
+    // The one worker is parked: the count cannot move.
+    const std::uint64_t nPaused = session.Positions();
+    events.WaitForAFreshReport();
+    EXPECT_EQ(session.Positions(), nPaused);
+    if (c.bStop)
+      session.Stop();
+    else
+      session.Resume();
+    EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+    const TSolvingResult& result = session.Requests().at(0)->result;
+    EXPECT_EQ(result.bStopped, c.bStop);
+    if (c.bStop) continue;
+    EXPECT_GT(result.nPositions, nPaused);
+    EXPECT_THAT(result.keyTexts, ElementsAreArray(ReferenceKeys(kMates, "loyd-excelsior")));
+  }
 }
 
 TEST(SolvingSession, RegisterIsClearedOnStartOnlyWhenTheSettingSaysSo) {

@@ -50,12 +50,24 @@ TEST(SolvingTexts, CompletionReportOrder) {
       CompletionReport(kEnglish, "4", solved),
       ElementsAre("Engine has completed: 4", "Thread solving problem 4 completed successfully.",
                   "1 solution(s) found of the problem 4"));
+  // Stopped before it finished: neither "completed successfully" nor "no solution".
   TSolvingResult stopped;
   stopped.bStopped = true;
   EXPECT_THAT(CompletionReport(kEnglish, "4 M1", stopped),
-              ElementsAre("Thread stopped", "Engine stopped: 4 M1",
-                          "Thread solving problem 4 M1 completed successfully.",
-                          "No solution found of the problem 4 M1"));
+              ElementsAre("Thread stopped", "Engine stopped: 4 M1"));
+  stopped.nSolutions = 2;
+  EXPECT_THAT(
+      CompletionReport(kEnglish, "4", stopped),
+      ElementsAre("Thread stopped", "Engine stopped: 4", "2 solution(s) found of the problem 4"));
+  // A failure is reported as one, even when the solve was stopped as well.
+  TSolvingResult failedWhileStopping;
+  failedWhileStopping.bStopped = true;
+  failedWhileStopping.sError = "The solving threads could not be started (code 128).";
+  EXPECT_THAT(
+      CompletionReport(kEnglish, "4", failedWhileStopping),
+      ElementsAre("Engine has completed: 4", "Thread solving problem 4 completed with error:",
+                  "The solving threads could not be started (code 128).",
+                  "No solution found of the problem 4"));
   TSolvingResult failed;
   failed.sError = "Too many kings";
   EXPECT_THAT(CompletionReport(kEnglish, "4", failed),

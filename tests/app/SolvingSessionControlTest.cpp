@@ -1,0 +1,104 @@
+// The session's answers to what goes wrong in a solve and to the commands of the user.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <new>
+#include <optional>
+#include <string>
+
+#include "SolvingSessionHelpers.h"
+#include "app/SolvingRegistry.h"
+#include "core/ChessException.h"
+
+namespace {
+
+using namespace sessiontest;
+using ::testing::ElementsAre;
+using ::testing::SizeIs;
+
+// A register whose room check throws: the search files answers in every worker.
+class CThrowingRegister : public TChessboardRegister<bool> {
+ public:
+  explicit CThrowingRegister(std::exception_ptr thrown)
+      : TChessboardRegister<bool>(1'000'000), failure(thrown) {}
+  std::uint32_t GetElementsIn() const override { std::rethrow_exception(failure); }
+
+ private:
+  std::exception_ptr failure;
+};
+
+TEST(SolvingSessionControl, AFailedSolveIsReportedWithItsError) {
+  // A #4: the search files its answers from the first moves on.
+  const auto problem = ReferenceProblem(kMates, "anon-4", option::kNoMirror, 6);
+  CThrowingRegister incoherent(std::make_exception_ptr(
+      ChessException("Incoherent information in TChessboardRegister::Insert()")));
+  CThrowingRegister exhausted(std::make_exception_ptr(std::bad_alloc()));
+  const struct {
+    TSessionSeams seams;
+    const char* szError;
+  } cases[] = {
+      {{.pRegister = &incoherent}, "Incoherent information in TChessboardRegister::Insert()"},
+      {{.pRegister = &exhausted}, "std::bad_alloc"},
+      {{.startThread = [](CSolvingThread&, std::function<void()>, std::size_t) { return false; }},
+       "The solving threads could not be started (code 128)."},
+  };
+  for (const auto& c : cases) {
+    std::vector<TPassOutcome> outcomes;
+    CSolvingSession session(
+        TestOptions(), {.onPassFinished = [&](const TPassOutcome& o) { outcomes.push_back(o); }},
+        c.seams);
+    ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{3, 1}}),
+              std::nullopt);
+    EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+    EXPECT_FALSE(GetSolvingRegistry().Contains("6"));
+    ASSERT_THAT(outcomes, SizeIs(1));
+    EXPECT_THAT(outcomes[0].reportLines,
+                ElementsAre("Engine has completed: 6",
+                            "Thread solving problem 6 completed with error:", c.szError,
+                            "No solution found of the problem 6"));
+  }
+}
+
+TEST(SolvingSessionControl, ManualCommandsReachTheRunningSolveOnlyWhenEnabled) {
+  // Many keys: every move that keeps the mate in reach; the one skipped is lost.
+  const auto problem = DirectMateFromFen("k7/8/1K6/8/8/8/8/7R", 3);
+  problem->options = option::kNoMirror | option::kAllSolutions;
+  std::optional<int> nAllKeys;
+  for (bool bEnabled : {true, false}) {
+    COptions options = TestOptions();
+    options.bEnableManualEngineControl = bEnabled;
+    CProgressEvents events;
+    CSolvingSession session(options, events.Callbacks());
+    ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
+              std::nullopt);
+    if (!nAllKeys) {
+      // A first solve without commands counts the keys.
+      session.Wait({.bQuiet = true});
+      nAllKeys = session.Requests().at(0)->result.nSolutions;
+      ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
+                std::nullopt);
+    }
+    // Hold the solve at a move that is being searched, then skip that move.
+    session.PauseOneThread();
+    ASSERT_TRUE(events.WaitUntil(session, [&] { return session.ParkedThreads() == 1; }));
+    EXPECT_EQ(session.ApplyManualCommand(EManualCommand::SkipToNextMove), bEnabled);
+    session.Resume();
+    EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+    EXPECT_EQ(session.Requests().at(0)->result.nSolutions, *nAllKeys - (bEnabled ? 1 : 0));
+  }
+}
+
+TEST(SolvingSessionControl, AnInterruptedSessionStartsNoFurtherSolve) {
+  CProgressEvents events;
+  CSolvingSession session(TestOptions(), events.Callbacks());
+  const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow, option::kNoMirror, 3);
+  ASSERT_EQ(session.Start({.pProblem = problem.get()}), std::nullopt);
+  ASSERT_TRUE(events.WaitUntil(session, [&] { return session.Positions() > 0; }));
+  session.Interrupt();
+  EXPECT_EQ(session.Wait({.bQuiet = true}), EWaitOutcome::Finished);
+  EXPECT_TRUE(session.Requests().at(0)->result.bStopped);
+  EXPECT_EQ(session.Start({.pProblem = problem.get()}), "Solving has been stopped.");
+  EXPECT_TRUE(session.IsInterrupted());
+}
+
+}  // namespace
