@@ -96,6 +96,13 @@ void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
 }
 
+void CMateSearch::FileDoubtful(const TChessboard& board) {
+  if (Interrupted() || context.nPass != 1 || context.pDoubtfulStore == nullptr ||
+      !context.HasHeuristics() || !UsesRegister(board))
+    return;
+  context.pDoubtfulStore->StoreDoubtful(board.ply, registerkey::Build(board), HeuristicsKey());
+}
+
 void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
   if (Interrupted() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
   context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
@@ -108,6 +115,9 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
     const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
     if (known == 1) return mate::kMate;
     if (known == 0) return mate::kNoMate;
+  }
+  if (context.HasHeuristics()) {
+    if (const auto cut = HeuristicCut(board)) return *cut;
   }
   if (HasShorterMate(board)) {
     FileAnswer(board, 1);
@@ -141,8 +151,45 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   return SettleWhiteFailure(board, tally.mark, tally.bDoubtful);
 }
 
+std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
+  if (context.nPass == 1 && context.pDoubtfulStore != nullptr && UsesRegister(board) &&
+      context.pDoubtfulStore->FindDoubtful(board.ply, registerkey::Build(board), HeuristicsKey())) {
+    context.NoteDoubtful(kDoubtfulFromStore);
+    return mate::kDoubtful;
+  }
+  const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  if (bit == 0) return std::nullopt;
+  // The mate in one is looked for first: a restriction never hides an immediate mate.
+  if (MateInOne(board)) return mate::kMate;
+  context.NoteDoubtful(bit);
+  return mate::kDoubtful;
+}
+
+THeuristicsKey CMateSearch::HeuristicsKey() const {
+  return {context.heuristics.set.mask, context.heuristics.set.Params()};
+}
+
+MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
+  if (context.HasHeuristics()) {
+    const heuristicrules::TBreak cut = heuristicrules::BlackReplyBreaks(child, context.heuristics);
+    if (cut.bit != 0) {
+      if (cut.bMateExcuses && MateInOne(child)) return mate::kMate;
+      context.NoteDoubtful(cut.bit);
+      return mate::kDoubtful;
+    }
+  }
+  return WhiteNode(child);
+}
+
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
+  if (context.HasHeuristics()) {
+    if (const std::uint32_t bit = heuristicrules::WhiteMoveBreaks(child, context.heuristics)) {
+      context.NoteDoubtful(bit);
+      tally.bDoubtful = true;
+      return;
+    }
+  }
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
   if (repeated != 0) {
@@ -213,7 +260,10 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
   }
   // A repetition of this very position is settled here, as no mate: the exact search loses
   // no mate by cutting it.
-  if (bDoubtful) return mate::kDoubtful;
+  if (bDoubtful) {
+    FileDoubtful(board);
+    return mate::kDoubtful;
+  }
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
@@ -275,7 +325,7 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
     repetitionMarks[child.ply] = repeated;
     result = mate::kRepetition;
   } else {
-    result = WhiteNode(child);
+    result = WhiteNodeAfterReply(child);
   }
   if (result == mate::kMate) return std::nullopt;
   blackKillers[board.ply] = reply;

@@ -30,6 +30,9 @@ class CMateSearch {
   MateResult FindMate(const TChessboard& board);
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
+  // The White node after Black's reply child, unless the reply breaks a restriction of the
+  // pass: then doubtful, or mate when White mates at once all the same.
+  MateResult WhiteNodeAfterReply(const TChessboard& child);
 
   // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
   void SetPausedAlone(bool bPaused);
@@ -66,6 +69,12 @@ class CMateSearch {
     nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
   }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
+  // Files a White failure under heuristics, for the rest of the pass.
+  void FileDoubtful(const TChessboard& board);
+  // Doubtful (or mate in one) when the pass's restrictions or its doubtful store cut this
+  // White node; nothing when it is to be searched.
+  std::optional<MateResult> HeuristicCut(const TChessboard& board);
+  THeuristicsKey HeuristicsKey() const;
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
   // The exact answer of the endgame tables for a position they hold: mate when White mates

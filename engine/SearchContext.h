@@ -1,4 +1,9 @@
 #pragma once
+#include <atomic>
+#include <cstdint>
+
+#include "engine/DoubtfulStore.h"
+#include "engine/HeuristicRules.h"
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveHints.h"
 #include "registers/ChessboardRegister.h"
@@ -16,4 +21,22 @@ struct SearchContext {
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
   bool bCutRepetitions = false;
+
+  // The pass: 1 for the passes under heuristics (1, 1b, 1c ...), 2 for the pass without.
+  int nPass = 2;
+  // The restrictions of this pass; an empty mask restricts nothing.
+  THeuristicContext heuristics;
+  // Where this pass files the positions it left doubtful; null for none. Pass 2 never asks it.
+  IDoubtfulStore* pDoubtfulStore = nullptr;
+  // Why the last node that turned out doubtful did: a heuristic's bit, or 0xFFFFFFFF for a
+  // doubtful answer found in the store.
+  std::atomic<std::uint32_t> doubtfulReason{0};
+
+  bool HasHeuristics() const { return heuristics.set.mask != 0; }
+  void NoteDoubtful(std::uint32_t reason) {
+    doubtfulReason.store(reason, std::memory_order_relaxed);
+  }
 };
+
+// The doubtful reason of an answer taken from the store of doubtful answers.
+inline constexpr std::uint32_t kDoubtfulFromStore = 0xFFFFFFFF;
