@@ -26,4 +26,5 @@ bool CRegisterDoubtfulStore::FindDoubtful(std::uint16_t plies, const TChessboard
 void CRegisterDoubtfulStore::StoreDoubtful(std::uint16_t plies, const TChessboardRegisterItem& key,
                                            const THeuristicsKey& heuristics) {
   registerOfAnswers.Insert(plies, DoubtfulKey(key, heuristics), 0, &heuristics.mask);
+  nStored.fetch_add(1, std::memory_order_relaxed);
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include <atomic>
 #include <cstdint>
 
 #include "registers/ChessboardRegister.h"
@@ -33,6 +34,8 @@ class CRegisterDoubtfulStore final : public IDoubtfulStore {
                     const THeuristicsKey& heuristics) const override;
   void StoreDoubtful(std::uint16_t plies, const TChessboardRegisterItem& key,
                      const THeuristicsKey& heuristics) override;
+  // Doubtful answers filed so far (the register may have dropped some since).
+  std::uint32_t StoredCount() const { return nStored.load(std::memory_order_relaxed); }
 
   // The key a doubtful answer is filed under.
   static TChessboardRegisterItem DoubtfulKey(const TChessboardRegisterItem& key,
@@ -40,4 +43,5 @@ class CRegisterDoubtfulStore final : public IDoubtfulStore {
 
  private:
   TChessboardRegister<bool>& registerOfAnswers;
+  std::atomic<std::uint32_t> nStored{0};
 };

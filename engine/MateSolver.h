@@ -78,6 +78,13 @@ class CMateSolver {
   // The root search of the running pass (the last one once the solve has ended).
   const CRootSearch& Root() const { return Current(); }
   TPassInfo Pass() const;
+  // Entries of the register, and the doubtful answers filed in it (0 without a register).
+  std::uint32_t RegisterElements() const {
+    return settings.pRegister != nullptr ? settings.pRegister->GetElementsIn() : 0;
+  }
+  std::uint32_t DoubtfulElements() const {
+    return doubtfulStore != nullptr ? doubtfulStore->StoredCount() : 0;
+  }
   // Why the last doubtful node was doubtful (see SearchContext).
   std::uint32_t DoubtfulReason() const { return context.doubtfulReason.load(); }
   // Where the threads wait: an observer may wait here for them to park.
