@@ -7,6 +7,10 @@
 // Which heuristic passes a solve runs, before the pass without heuristics.
 namespace heuristicplan {
 
+// The time of the first pass under heuristics in a solve for users; each further one has
+// twice the time of the one before.
+inline constexpr int kFirstPassMs = 1000;
+
 // Below this many moves the exact search is quick enough: no pass under heuristics.
 inline constexpr int kMinMovesForHeuristics = 6;
 

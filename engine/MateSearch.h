@@ -42,7 +42,8 @@ class CMateSearch {
   void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
   // Whether results are no longer worth anything: the solve stops, or the work was abandoned.
   bool Interrupted() const {
-    return context.run.IsStopping() || (abandon != nullptr && abandon->IsSet());
+    return context.run.IsStopping() || context.bPassTimeUp.load(std::memory_order_relaxed) ||
+           (abandon != nullptr && abandon->IsSet());
   }
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);

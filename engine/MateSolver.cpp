@@ -1,6 +1,9 @@
 #include "engine/MateSolver.h"
 
 #include <algorithm>
+#include <chrono>
+
+#include "engine/PassTimer.h"
 
 std::string TPassInfo::Label() const {
   std::string label = std::to_string(nPass);
@@ -50,6 +53,19 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
   searches.push_back(std::move(search));
 }
 
+TRootOutcome CMateSolver::RunPass(int nIndex) {
+  context.bPassTimeUp = false;
+  if (Pass().nPass != 1 || settings.nFirstPassMs <= 0) return Current().Run(settings.nMaxSolutions);
+  const auto time =
+      std::chrono::milliseconds(settings.nFirstPassMs) * (1LL << std::min(nIndex, 20));
+  const CPassTimer timer(time, [this] {
+    context.bPassTimeUp = true;
+    context.run.WakeParked();
+    context.run.Notify();
+  });
+  return Current().Run(settings.nMaxSolutions);
+}
+
 TRootOutcome CMateSolver::Run() {
   const int nPasses = static_cast<int>(settings.heuristicPasses.size()) + (settings.bPass2 ? 1 : 0);
   TRootOutcome outcome;
@@ -60,7 +76,7 @@ TRootOutcome CMateSolver::Run() {
                     ? TPassInfo{.nPass = 1, .nStep = i, .heuristics = settings.heuristicPasses[i]}
                     : TPassInfo{});
     }
-    TRootOutcome passOutcome = Current().Run(settings.nMaxSolutions);
+    TRootOutcome passOutcome = RunPass(i);
     // Every key found is proven: the keys of earlier passes stand beside the new ones.
     for (const TMove key : outcome.keys)
       if (std::find(passOutcome.keys.begin(), passOutcome.keys.end(), key) ==
@@ -73,7 +89,12 @@ TRootOutcome CMateSolver::Run() {
     outcome = std::move(passOutcome);
     const bool bEnough = settings.nMaxSolutions > 0 &&
                          static_cast<int>(outcome.keys.size()) >= settings.nMaxSolutions;
-    if (outcome.bInterrupted || outcome.nErrorCode != 0 || bEnough) break;
+    const bool bTimeUp = context.bPassTimeUp.load() && !context.run.IsStopping();
+    if ((outcome.bInterrupted && !bTimeUp) || outcome.nErrorCode != 0 || bEnough) break;
+    outcome.bInterrupted = false;  // the time of a heuristic pass is its own
+    if (settings.bStopRelaxingOnFirstSolution && !outcome.keys.empty() &&
+        i + 1 < static_cast<int>(settings.heuristicPasses.size()))
+      i = static_cast<int>(settings.heuristicPasses.size()) - 1;  // on to pass 2
   }
   outcome.bPass2Skipped = !settings.bPass2 && outcome.result != mate::kMate;
   outcome.nPositions = Positions();

@@ -48,6 +48,11 @@ class CMateSolver {
     bool bPass2 = true;  // false skips the pass without heuristics
     // Whether the pass without heuristics cuts lines that repeat a position (quick mode).
     bool bQuickMode = false;
+    // Time of the first pass under heuristics, doubled for each further one; a pass that
+    // has used its time gives up and the next one begins. 0: every pass runs to its end.
+    int nFirstPassMs = 0;
+    // Once a pass under heuristics found a key, go on with the pass without them.
+    bool bStopRelaxingOnFirstSolution = false;
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.
@@ -92,6 +97,8 @@ class CMateSolver {
 
  private:
   CRootSearch& Current() const { return *current.load(); }
+  // Runs the current pass, within its time when it is one under heuristics.
+  TRootOutcome RunPass(int nIndex);
   // Readies the context and a root search for the pass.
   void BeginPass(const TPassInfo& pass);
   bool bRepetitionCutAsked = false;

@@ -31,6 +31,9 @@ struct SearchContext {
   // Why the last node that turned out doubtful did: a heuristic's bit, or 0xFFFFFFFF for a
   // doubtful answer found in the store.
   std::atomic<std::uint32_t> doubtfulReason{0};
+  // Set when a pass under heuristics has used up its time: its searches give up, and the
+  // solve goes on with the next pass.
+  std::atomic<bool> bPassTimeUp{false};
 
   bool HasHeuristics() const { return heuristics.set.mask != 0; }
   void NoteDoubtful(std::uint32_t reason) {

@@ -126,3 +126,31 @@ TEST(HeuristicPasses, DoubtfulStoreKeepsHeuristicsApart) {
 }
 
 }  // namespace
+
+namespace {
+
+// A heuristic pass out of time gives up and the next pass goes on: the keys stay exact
+// however little time the heuristic passes had.
+TEST(HeuristicPasses, PassesOutOfTimeHandOnToTheNext) {
+  int nRows = 0;
+  for (const auto& row : matetest::QuickRows(0.05, 4)) {
+    for (const int nFirstPassMs : {1, 50}) {
+      TChessboardRegister<bool> reg(1'000'000);
+      CMateSolver solver(matetest::Root(row), matetest::Moves(row),
+                         {.nThreads = 2,
+                          .nMaxSolutions = 0,
+                          .pRegister = &reg,
+                          .heuristicPasses = Plans().front(),
+                          .nFirstPassMs = nFirstPassMs});
+      const TRootOutcome outcome = solver.Run();
+      EXPECT_FALSE(outcome.bInterrupted) << row.at("id");
+      EXPECT_EQ(matetest::Texts(matetest::Root(row), outcome.keys, true),
+                matetest::PublishedKeys(row))
+          << row.at("id") << " " << nFirstPassMs << " ms";
+    }
+    ++nRows;
+  }
+  EXPECT_GE(nRows, 3);
+}
+
+}  // namespace
