@@ -14,6 +14,7 @@
 #include "app/platform/Machine.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
+#include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
 #include "engine/ProblemSortIndications.h"
 #include "engine/RegisterBinding.h"
@@ -109,10 +110,13 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   if (forced && callbacks.askForcedThreads &&
       callbacks.askForcedThreads(*forced, ForcedThreadsQuestion(nLanguageId, forced->nThreads)))
     threads = *forced;
-  requests = PlanSolvingPasses(problem, {.solvingMode = SolvingModeOf(problem, order.bFindAll),
-                                         .threads = threads,
-                                         .bQuickMode = settings.bQuickMode,
-                                         .bMirrorSwitch = order.bMirrorSwitch});
+  requests =
+      PlanSolvingPasses(problem, {.solvingMode = SolvingModeOf(problem, order.bFindAll),
+                                  .threads = threads,
+                                  .bQuickMode = order.bQuickMode.value_or(settings.bQuickMode),
+                                  .bMirrorSwitch = order.bMirrorSwitch,
+                                  .heuristics = order.heuristics,
+                                  .bPass2 = order.bPass2});
   if (tempRegister) {
     if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
     BindRegisterToProblem(*tempRegister, problem.start);
@@ -159,10 +163,14 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .pTables = tables.get(),
         .nLevels = static_cast<int>(request.threads.nLevels),
         .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
-        .sortIndications =
-            sortsource::ForSolve(*request.pProblem, settings.bUseMainVariantAsSortIndications,
-                                 request.nMirrorPass == 1),
-        .hooks = {.startThread = seams.startThread}};
+        .sortIndications = sortsource::ForSolve(
+            *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
+        .hooks = {.startThread = seams.startThread},
+        .heuristicPasses = request.heuristicPasses,
+        .bPass2 = request.bPass2,
+        .bQuickMode = !request.bSafeMode,
+        .nFirstPassMs = heuristicplan::kFirstPassMs,
+        .bStopRelaxingOnFirstSolution = request.pProblem->bStopRelaxingOnFirstSolution};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);
   } catch (const std::exception& error) {

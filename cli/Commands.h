@@ -18,4 +18,5 @@ void AddTablesCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
+void AddBenchMoremoversCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);

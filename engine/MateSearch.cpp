@@ -254,16 +254,18 @@ bool CMateSearch::HasShorterMate(const TChessboard& board) {
 
 MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark,
                                            bool bDoubtful) {
+  // Doubt outweighs a repetition: a repetition is settled as no mate further up, which holds
+  // only when nothing else was cut.
+  if (bDoubtful) {
+    FileDoubtful(board);
+    return mate::kDoubtful;
+  }
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
   // A repetition of this very position is settled here, as no mate: the exact search loses
   // no mate by cutting it.
-  if (bDoubtful) {
-    FileDoubtful(board);
-    return mate::kDoubtful;
-  }
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
