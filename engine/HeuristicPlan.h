@@ -8,8 +8,10 @@
 namespace heuristicplan {
 
 // The time of the first pass under heuristics in a solve for users; each further one has
-// twice the time of the one before.
-inline constexpr int kFirstPassMs = 1000;
+// twice the time of the one before, up to kMaxPassMs: most passes end well before, and the
+// pass without heuristics must not wait long behind those that do not.
+inline constexpr int kFirstPassMs = 250;
+inline constexpr int kMaxPassMs = 2000;
 
 // Below this many moves the exact search is quick enough: no pass under heuristics.
 inline constexpr int kMinMovesForHeuristics = 6;

@@ -56,8 +56,10 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
 TRootOutcome CMateSolver::RunPass(int nIndex) {
   context.bPassTimeUp = false;
   if (Pass().nPass != 1 || settings.nFirstPassMs <= 0) return Current().Run(settings.nMaxSolutions);
-  const auto time =
-      std::chrono::milliseconds(settings.nFirstPassMs) * (1LL << std::min(nIndex, 20));
+  std::chrono::milliseconds time(static_cast<std::int64_t>(settings.nFirstPassMs)
+                                 << std::min(nIndex, 20));
+  if (settings.nMaxPassMs > 0)
+    time = std::min(time, std::chrono::milliseconds(settings.nMaxPassMs));
   const CPassTimer timer(time, [this] {
     context.bPassTimeUp = true;
     context.run.WakeParked();

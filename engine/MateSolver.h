@@ -51,6 +51,7 @@ class CMateSolver {
     // Time of the first pass under heuristics, doubled for each further one; a pass that
     // has used its time gives up and the next one begins. 0: every pass runs to its end.
     int nFirstPassMs = 0;
+    int nMaxPassMs = 0;  // the most time of one pass under heuristics; 0: no cap
     // Once a pass under heuristics found a key, go on with the pass without them.
     bool bStopRelaxingOnFirstSolution = false;
   };
