@@ -32,8 +32,9 @@ TEST(HeuristicChoice, NamedSetsReadAsWritten) {
     const heuristicchoice::TNamedSet named = heuristicchoice::ReadNamedSet(c.text);
     EXPECT_EQ(named.bAutomatic, c.description == nullptr);
     EXPECT_EQ(named.sError, c.error);
-    if (c.description != nullptr && named.sError.empty() && *c.description != '\0')
+    if (c.description != nullptr && named.sError.empty() && *c.description != '\0') {
       EXPECT_EQ(heuristicset::Describe(named.set), c.description);
+    }
   }
 }
 

@@ -252,7 +252,9 @@ TEST(HeuristicRules, BlackRepliesBreakTheirRestrictions) {
     const TBreak cut =
         heuristicrules::BlackReplyBreaks(after, THeuristicContext(c.set, start.Root()));
     EXPECT_EQ(cut.bit, c.expected) << c.what;
-    if (c.expected != 0) EXPECT_EQ(cut.bMateExcuses, c.bMateExcuses) << c.what;
+    if (c.expected != 0) {
+      EXPECT_EQ(cut.bMateExcuses, c.bMateExcuses) << c.what;
+    }
   }
 }
 

@@ -117,8 +117,9 @@ void ExpectHeuristicPassesSound(const TChessboard& start, int nMoves,
   const std::vector<std::string> keys = KeyTexts(start, outcome.keys);
   const std::string where = fen::WriteShortFen(start) + " #" + std::to_string(nMoves);
   EXPECT_TRUE(std::includes(expected.begin(), expected.end(), keys.begin(), keys.end())) << where;
-  if (keys.empty() && !expected.empty())
+  if (keys.empty() && !expected.empty()) {
     EXPECT_EQ(int{outcome.result}, int{mate::kDoubtful}) << where;
+  }
 }
 
 // Every engine run must give the reference's answer and exactly its keys. Returns whether
