@@ -15,6 +15,8 @@ void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
+void AddImportCommand(CLI::App& app);
+void AddExportCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
