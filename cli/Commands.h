@@ -15,7 +15,10 @@ void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
+void AddRegressCommand(CLI::App& app);
+void AddFindCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
+void AddBenchFindCommand(CLI::App& bench);

@@ -13,6 +13,8 @@ int main(int argc, char** argv) {
   AddSolveCommand(app);
   AddBenchCommand(app);
   AddTablesCommand(app);
+  AddRegressCommand(app);
+  AddFindCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
