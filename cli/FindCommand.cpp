@@ -29,11 +29,25 @@ struct TFindArguments {
   std::string fensFrom;
 };
 
-// The option of each counted range, in field order.
-constexpr const char* kCountOptions[kCountFields] = {
-    "--pieces",        "--white-pieces",  "--black-pieces", "--figures",
-    "--white-figures", "--black-figures", "--majors",       "--white-majors",
-    "--black-majors",  "--pawns",         "--white-pawns",  "--black-pawns"};
+// The option of each counted range and what it counts, in field order. A range is N,
+// FROM..TO, FROM.. or ..TO.
+constexpr struct {
+  const char* szName;
+  const char* szHelp;
+} kCountOptions[kCountFields] = {
+    {"--pieces", "pieces on the board, kings included (a range)"},
+    {"--white-pieces", "white pieces"},
+    {"--black-pieces", "black pieces"},
+    {"--figures", "figures: pieces other than pawns, kings included"},
+    {"--white-figures", "white figures"},
+    {"--black-figures", "black figures"},
+    {"--majors", "major figures: rooks and queens"},
+    {"--white-majors", "white major figures"},
+    {"--black-majors", "black major figures"},
+    {"--pawns", "pawns"},
+    {"--white-pawns", "white pawns"},
+    {"--black-pawns", "black pawns"},
+};
 
 [[noreturn]] void BadInput(const std::string& text) {
   std::cerr << text << "\n";
@@ -149,9 +163,8 @@ void AddFindCommand(CLI::App& app) {
   command->add_flag("--regex", criteria.bRegex, "the text is a regular expression (ECMAScript)");
   command->add_option("--mate", args->moves, "the N of #N: N, FROM..TO, FROM.. or ..TO");
   for (int field = 0; field < kCountFields; ++field)
-    command->add_option(kCountOptions[field], args->counts[field],
-                        "a count range (kings count as pieces and figures; rooks and queens "
-                        "are the major figures)");
+    command->add_option(kCountOptions[field].szName, args->counts[field],
+                        kCountOptions[field].szHelp);
   command->add_flag("--king-on-edge", criteria.bBlackKingOnEdge, "the black king on the edge");
   command->add_flag("--unsolved", criteria.bUnsolvedOnly, "only problems without an answer");
   command->add_option("--fen", criteria.fen, "the position (placement) of a FEN");
