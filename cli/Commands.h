@@ -17,7 +17,10 @@ void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
 void AddImportCommand(CLI::App& app);
 void AddExportCommand(CLI::App& app);
+void AddRegressCommand(CLI::App& app);
+void AddFindCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
+void AddBenchFindCommand(CLI::App& bench);

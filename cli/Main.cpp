@@ -15,6 +15,8 @@ int main(int argc, char** argv) {
   AddTablesCommand(app);
   AddImportCommand(app);
   AddExportCommand(app);
+  AddRegressCommand(app);
+  AddFindCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -24,6 +24,7 @@
 #include "app/ThreadSettings.h"
 #include "app/platform/InterruptWatch.h"
 #include "cli/Commands.h"
+#include "cli/ProgramLifetime.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -156,18 +157,6 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
     for (const auto& [id, problem] : collection.Problems()) problems.push_back(problem.get());
   return problems;
 }
-
-// Start-up and shut-down around the command, as for the window.
-class CProgramLifetime {
- public:
-  CProgramLifetime() {
-    for (const std::string& note : StartProgram(std::filesystem::current_path()))
-      std::cerr << note << "\n";
-  }
-  ~CProgramLifetime() { ShutDownProgram(); }
-  CProgramLifetime(const CProgramLifetime&) = delete;
-  CProgramLifetime& operator=(const CProgramLifetime&) = delete;
-};
 
 // Refuses options that belong to the other kind of source: a file, or a FEN with --mate.
 void CheckSource(const TSolveArguments& args) {

@@ -1,30 +1,16 @@
 // The exit statuses of "longmate", run as a program beside the test program.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
-#include <filesystem>
-
+#include "CommandRun.h"
 #include "SolvingFixtures.h"
-#include "app/TempFolder.h"
 
 namespace {
-
-// The test programs are built one folder below the command line program.
-std::filesystem::path LongmatePath() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "longmate";
-}
 
 constexpr const char* kCollection =
     "1 #2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-a5\n}\n"
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
     "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
-
-struct TRun {
-  int nStatus = -1;
-  std::string out, err;
-};
 
 // A folder holding the collection above, in which longmate runs.
 class SolveCommand : public testing::Test {
@@ -34,15 +20,7 @@ class SolveCommand : public testing::Test {
     WriteTextFile(folder / "problems.cp", kCollection);
   }
 
-  // Returns the exit status and the output streams.
-  TRun Run(const std::string& arguments) const {
-    const std::string command = "cd '" + folder.Path().string() + "' && '" +
-                                LongmatePath().string() + "' " + arguments +
-                                " > out.txt 2> err.txt";
-    const int nWaitStatus = std::system(command.c_str());
-    return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1,
-            ReadTextFile(folder / "out.txt"), ReadTextFile(folder / "err.txt")};
-  }
+  TRun Run(const std::string& arguments) const { return RunLongmate(folder.Path(), arguments); }
 
   CTempFolder folder;
 };
