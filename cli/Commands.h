@@ -15,6 +15,7 @@ void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
+void AddDiagramCommand(CLI::App& app);
 void AddImportCommand(CLI::App& app);
 void AddExportCommand(CLI::App& app);
 void AddRegressCommand(CLI::App& app);

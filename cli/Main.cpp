@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   AddSolveCommand(app);
   AddBenchCommand(app);
   AddTablesCommand(app);
+  AddDiagramCommand(app);
   AddImportCommand(app);
   AddExportCommand(app);
   AddRegressCommand(app);

@@ -5,8 +5,9 @@
 #   --fuzz:  also clang and its runtime libraries (libFuzzer, sanitizers), for scripts/fuzz.sh
 set -euo pipefail
 # gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
+# librsvg2-dev and the DejaVu fonts: diagrams drawn as PNG.
 packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev
-  gaviotatb libgaviotatb-dev zlib1g-dev)
+  gaviotatb libgaviotatb-dev zlib1g-dev librsvg2-dev pkg-config fonts-dejavu-core)
 for option in "$@"; do
   case "$option" in
     --bench) packages+=(libbenchmark-dev liblz4-dev pkg-config) ;;

@@ -80,4 +80,32 @@ TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
   }
 }
 
+// Diagrams in the three outputs, and a collection through EPD and back; bad requests write
+// nothing.
+TEST_F(SolveCommand, DiagramsAndOtherFormats) {
+  const std::pair<std::string, int> cases[] = {
+      {"diagram problems.cp --problem 1 -o d.png --scale 2", 0},
+      {"diagram problems.cp --problem 1 -o d.svg", 0},
+      {"diagram problems.cp --problem 1 -o d.tex", 0},
+      {"diagram problems.cp --problem 9 -o e.svg", 2},
+      {"diagram problems.cp --problem 1 -o e.bmp", 2},
+      {"export problems.cp --format epd -o p.epd", 0},
+      {"import p.epd -o back.cp", 0},
+      {"export problems.cp --format xml -o e.xml", 2},
+      {"import missing.epd -o e.cp", 2},
+  };
+  for (const auto& [arguments, nStatus] : cases)
+    EXPECT_EQ(Run(arguments).nStatus, nStatus) << arguments;
+  const std::string png = ReadTextFile(folder / "d.png");
+  ASSERT_GT(png.size(), 24u);
+  EXPECT_EQ(png.substr(1, 3), "PNG");
+  const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(png[i]); };
+  EXPECT_EQ(byteAt(18) * 256 + byteAt(19), 2 * 432);  // the width, twice the drawing's
+  EXPECT_THAT(ReadTextFile(folder / "d.svg"), ::testing::HasSubstr("<svg"));
+  EXPECT_THAT(ReadTextFile(folder / "d.tex"), ::testing::HasSubstr("\\pieces[6+10]"));
+  EXPECT_THAT(ReadTextFile(folder / "back.cp"), ::testing::HasSubstr("Answer:  Qh5-h4"));
+  for (const char* name : {"e.svg", "e.bmp", "e.xml", "e.cp"})
+    EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
+}
+
 }  // namespace
