@@ -15,6 +15,7 @@ void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
+void AddTablebaseCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);

@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   AddSolveCommand(app);
   AddBenchCommand(app);
   AddTablesCommand(app);
+  AddTablebaseCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
