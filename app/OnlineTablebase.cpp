@@ -46,3 +46,11 @@ std::vector<TMove> COnlineTablebase::MovesThatCannotWin(const TChessboard& board
 int TablebaseLevels(int nProblemLevels, int nSettingLevels) {
   return nProblemLevels != 0 ? nProblemLevels : nSettingLevels;
 }
+
+std::optional<std::string> TablebaseLevelsRefusal(long long nLevelsField,
+                                                  const std::string& serviceAddress) {
+  if (nLevelsField >= kMinTablebaseLevels && nLevelsField <= kMaxTablebaseLevels)
+    return std::nullopt;
+  return "Invalid number of levels of analysis with solutions dowanloaded from " + serviceAddress +
+         " (min=-1, max=" + std::to_string(kMaxTablebaseLevels) + ")";
+}

@@ -41,3 +41,12 @@ class COnlineTablebase : public CWhiteMoveAdvice {
 // The number of White-move levels a problem's solve asks the tablebase at: the problem's
 // own LICHESSLEVELS when it gives one, else the setting; 0 or less means none.
 int TablebaseLevels(int nProblemLevels, int nSettingLevels);
+
+// The bounds of the LichessLevels field of the options dialog: -1 (off even in the window)
+// up to a depth whose lookups a solve can still afford at about one a second.
+inline constexpr int kMinTablebaseLevels = -1;
+inline constexpr int kMaxTablebaseLevels = 10;
+// Why the options dialog refuses a level count, naming the service's address; nothing when
+// the count is within the bounds.
+std::optional<std::string> TablebaseLevelsRefusal(long long nLevelsField,
+                                                  const std::string& serviceAddress);

@@ -119,4 +119,14 @@ TEST(TablebaseLevels, TheProblemsOwnCountWins) {
   EXPECT_EQ(TablebaseLevels(0, -1), -1);
 }
 
+TEST(TablebaseLevels, TheDialogRefusesCountsOutsideItsBounds) {
+  for (const long long nLevels : {-1LL, 0LL, 1LL, 10LL})
+    EXPECT_FALSE(TablebaseLevelsRefusal(nLevels, "x"));
+  for (const long long nLevels : {-2LL, 11LL, 1LL << 40}) {
+    EXPECT_EQ(TablebaseLevelsRefusal(nLevels, "https://tablebase.lichess.ovh"),
+              "Invalid number of levels of analysis with solutions dowanloaded from "
+              "https://tablebase.lichess.ovh (min=-1, max=10)");
+  }
+}
+
 }  // namespace
