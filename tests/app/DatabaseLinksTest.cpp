@@ -1,6 +1,7 @@
 // References to problem databases in descriptions, the prefixes imports bring, prize tags.
 #include <gtest/gtest.h>
 
+#include "ProgramRun.h"
 #include "app/DatabaseLinks.h"
 
 namespace {
@@ -103,6 +104,24 @@ TEST(DatabaseLinks, PrizeTags) {
       EXPECT_EQ(found, tag) << award;
     }
   }
+}
+
+TEST(DatabaseLinks, CheckListsTheLinksOfEachProblem) {
+  if (!std::filesystem::exists(LongmateProgramPath())) GTEST_SKIP() << "longmate is not built";
+  CTempFolder folder;
+  WriteTextFile(folder / "options.ini", "[chess]\nYacpdbHost=https://y.example\n");
+  constexpr const char* kFen = "\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
+  WriteTextFile(folder / "p.cp",
+                std::string("1 #2\n{\n\tDescription: Loyd Y123, see https://x.example/1.\n") +
+                    kFen + "2 #2\n{\n\tDescription: no links\n" + kFen);
+  const TProgramRun run = RunLongmate(folder, "check p.cp --links");
+  EXPECT_EQ(run.nStatus, 0) << run.err;
+  EXPECT_NE(run.out.find("Loyd Y123, see https://x.example/1.\n"
+                         "        Y123  https://y.example/?id=123\n"
+                         "        https://x.example/1  https://x.example/1\n"
+                         "     2  #2    16  no links\n"),
+            std::string::npos)
+      << run.out;
 }
 
 }  // namespace

@@ -2,22 +2,17 @@
 // folder whose options.ini points them at a local server with canned answers.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <filesystem>
 
 #include "LocalHttpServer.h"
+#include "ProgramRun.h"
 #include "TempFolder.h"
 
 namespace {
 
 using ::testing::HasSubstr;
-
-std::filesystem::path LongmatePath() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "longmate";
-}
 
 // White mates in one with Rh1-h8 alone.
 constexpr const char* kMateInOne = "1 #1\n{\n\tFEN: k7/8/1K6/8/8/8/8/7R\n}\n";
@@ -25,28 +20,16 @@ constexpr const char* kKeyDraws =
     R"({"category":"win","dtz":1,"dtm":1,"moves":[{"uci":"h1h8","dtz":0,"dtm":null,)"
     R"("category":"draw"},{"uci":"h1h7","dtz":-1,"dtm":-3,"category":"loss"}]})";
 
-struct TRun {
-  int nStatus = -1;
-  std::string out, err;
-};
-
 class TablebaseCommand : public testing::Test {
  protected:
   void SetUp() override {
-    if (!std::filesystem::exists(LongmatePath())) GTEST_SKIP() << "longmate is not built";
+    if (!std::filesystem::exists(LongmateProgramPath())) GTEST_SKIP() << "longmate is not built";
     WriteTextFile(folder / "options.ini",
                   "[chess]\nLichessScheme=http\nLichessHost=" + server.Host() + "\n");
     WriteTextFile(folder / "p.cp", kMateInOne);
   }
 
-  TRun Run(const std::string& arguments) const {
-    const std::string command = "cd '" + folder.Path().string() + "' && '" +
-                                LongmatePath().string() + "' " + arguments +
-                                " > out.txt 2> err.txt";
-    const int nWaitStatus = std::system(command.c_str());
-    return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1,
-            ReadTextFile(folder / "out.txt"), ReadTextFile(folder / "err.txt")};
-  }
+  TProgramRun Run(const std::string& arguments) const { return RunLongmate(folder, arguments); }
 
   std::atomic<int> nStatus{200};
   CLocalHttpServer server{[this](const std::string&) {
@@ -56,7 +39,7 @@ class TablebaseCommand : public testing::Test {
 };
 
 TEST_F(TablebaseCommand, PrintsTheAnswer) {
-  const TRun run = Run("tablebase k7/8/1K6/8/8/8/8/7R");
+  const TProgramRun run = Run("tablebase k7/8/1K6/8/8/8/8/7R");
   EXPECT_EQ(run.nStatus, 0) << run.err;
   EXPECT_EQ(run.out,
             "value: win\ndtm: 1\ndtz: 1\nmoves: 2 (value for the side to move next)\n"
@@ -70,7 +53,7 @@ TEST_F(TablebaseCommand, RefusesBadInputAndReportsFailures) {
   EXPECT_EQ(Run("tablebase k7/8/1K6/8/8/8/8/7R w - - 0 1 extra").nStatus, 2);
   EXPECT_TRUE(server.Targets().empty());
   nStatus = 429;
-  const TRun run = Run("tablebase 'k7/8/1K6/8/8/8/8/7R b - - 0 1'");
+  const TProgramRun run = Run("tablebase 'k7/8/1K6/8/8/8/8/7R b - - 0 1'");
   EXPECT_EQ(run.nStatus, 1);
   EXPECT_THAT(run.out, HasSubstr("value: unknown"));
   EXPECT_THAT(run.err, HasSubstr("HTTP status 429"));
@@ -78,7 +61,7 @@ TEST_F(TablebaseCommand, RefusesBadInputAndReportsFailures) {
 
 TEST_F(TablebaseCommand, SolveSkipsTheMovesThatCannotWinAndKeepsTheAnswer) {
   // The canned answer calls the real key a draw: the solve trusts it and finds no key.
-  TRun run = Run("solve p.cp --quiet");
+  TProgramRun run = Run("solve p.cp --quiet");
   EXPECT_THAT(run.out, HasSubstr("No solution found of the problem 1")) << run.err;
   ASSERT_EQ(server.Targets().size(), 1u);
   const auto kept = folder / "SavedTmpSyzygyData";
@@ -95,7 +78,7 @@ TEST_F(TablebaseCommand, SolveSkipsTheMovesThatCannotWinAndKeepsTheAnswer) {
 
 TEST_F(TablebaseCommand, SolveGoesOnWhenTheServiceFails) {
   nStatus = 500;
-  const TRun run = Run("solve p.cp --quiet");
+  const TProgramRun run = Run("solve p.cp --quiet");
   EXPECT_EQ(run.nStatus, 0) << run.err;
   EXPECT_THAT(run.out, HasSubstr("Keys: Rh1-h8"));
   EXPECT_EQ(server.Targets().size(), 1u);
