@@ -2,6 +2,8 @@
 // positions it can hold, failures as unknown answers, and the moves that cannot win.
 #include <gtest/gtest.h>
 
+#include <mutex>
+
 #include "LocalHttpServer.h"
 #include "TempFolder.h"
 #include "app/OnlineTablebase.h"
@@ -31,7 +33,10 @@ TChessboard Board(const char* placement) {
 class OnlineTablebase : public testing::Test {
  protected:
   OnlineTablebase()
-      : server([this](const std::string&) { return reply; }),
+      : server([this](const std::string&) {
+          const std::lock_guard lock(replyMutex);
+          return reply;
+        }),
         http(Settings()),
         file(folder / "SavedTmpSyzygyData" / "p.lichess") {}
 
@@ -44,6 +49,12 @@ class OnlineTablebase : public testing::Test {
     return settings;
   }
 
+  void Reply(TCannedReply next) {
+    const std::lock_guard lock(replyMutex);
+    reply = std::move(next);
+  }
+
+  std::mutex replyMutex;
   TCannedReply reply{.body = kAnswer};
   CLocalHttpServer server;
   CLiChessHTTP http;
@@ -89,7 +100,7 @@ TEST_F(OnlineTablebase, OnlyPositionsTheServiceHolds) {
 }
 
 TEST_F(OnlineTablebase, FailuresAreUnknownAndNotKept) {
-  reply = {.nStatus = 500};
+  Reply({.nStatus = 500});
   const TChessboard board = Board(kPawnRace);
   CLiChessCache cache(file, false);
   COnlineTablebase tablebase(&http, cache);
@@ -101,11 +112,11 @@ TEST_F(OnlineTablebase, FailuresAreUnknownAndNotKept) {
 }
 
 TEST_F(OnlineTablebase, NoLookupWaitsOutTooManyRequests) {
-  reply = {.nStatus = 429};
+  Reply({.nStatus = 429});
   CLiChessCache cache(file, false);
   COnlineTablebase tablebase(&http, cache);
   EXPECT_FALSE(tablebase.Answer(Board(kPawnRace)));
-  reply = {.body = kAnswer};
+  Reply({.body = kAnswer});
   const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(tablebase.Answer(Board("8/6KP/8/8/8/8/7p/3k4")));  // another position
   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
