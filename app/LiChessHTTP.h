@@ -18,7 +18,7 @@ struct TLiChessSettings {
   std::string host = "tablebase.lichess.ovh";  // may carry a port: "localhost:9000"
   std::chrono::milliseconds connectTimeout{5000};
   std::chrono::milliseconds totalTimeout{10000};  // a slow answer holds up the solve
-  std::chrono::milliseconds minInterval{1000};  // between the starts of two requests
+  std::chrono::milliseconds minInterval{1000};    // between the starts of two requests
   std::chrono::milliseconds tooManyRequestsWait{60000};
   bool bWarnOnRepetition = false;  // a position fetched again is reported
 };

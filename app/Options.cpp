@@ -56,9 +56,9 @@ bool LoadKey(const CIniFile& ini, const TOptionKey& key, COptions& options) {
   if (const auto* text = std::get_if<std::string COptions::*>(&key.member)) {
     const std::string value = ini.GetString(kOptionsSection, key.szName, "");
     if (!value.empty()) {
-      options.**text = CutToBufferSize(value);
+      options.** text = CutToBufferSize(value);
     } else if (*key.szDefault != '\0') {
-      options.**text = key.szDefault;
+      options.** text = key.szDefault;
     }
     return !value.empty();
   }

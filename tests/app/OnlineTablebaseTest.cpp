@@ -123,13 +123,6 @@ TEST_F(OnlineTablebase, NoLookupWaitsOutTooManyRequests) {
   EXPECT_EQ(server.Targets().size(), 1u);
 }
 
-TEST(TablebaseLevels, TheProblemsOwnCountWins) {
-  EXPECT_EQ(TablebaseLevels(0, 1), 1);
-  EXPECT_EQ(TablebaseLevels(3, 1), 3);
-  EXPECT_EQ(TablebaseLevels(2, -1), 2);
-  EXPECT_EQ(TablebaseLevels(0, -1), -1);
-}
-
 TEST(TablebaseLevels, TheDialogRefusesCountsOutsideItsBounds) {
   for (const long long nLevels : {-1LL, 0LL, 1LL, 10LL})
     EXPECT_FALSE(TablebaseLevelsRefusal(nLevels, "x"));
