@@ -113,6 +113,7 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                          .threads = threads,
                                          .bQuickMode = settings.bQuickMode,
                                          .bMirrorSwitch = order.bMirrorSwitch});
+  PrepareTablebase(problem);
   if (tempRegister) {
     if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
     BindRegisterToProblem(*tempRegister, problem.start);
@@ -126,6 +127,19 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   bRunning.store(true);
   solvingThread = std::thread(&CSolvingSession::RunPasses, this);
   return std::nullopt;
+}
+
+void CSolvingSession::PrepareTablebase(const TProblem& problem) {
+  tablebase.reset();
+  tablebaseCache.reset();
+  nTablebaseLevels = TablebaseLevels(problem.nLichessLevels, settings.nLichessLevels);
+  // Only a program that opened the service asks it: tests and tools never go online.
+  if (nTablebaseLevels <= 0 || LiChessService() == nullptr) return;
+  std::error_code error;
+  tablebaseCache = std::make_unique<CLiChessCache>(
+      CLiChessCache::FileOf(std::filesystem::current_path(error), problem.start),
+      GetProgramState().bSecondInstance);
+  tablebase = std::make_unique<COnlineTablebase>(LiChessService(), *tablebaseCache);
 }
 
 void CSolvingSession::RunPasses() {
@@ -157,11 +171,12 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .pRegister = seams.pRegister ? seams.pRegister : tempRegister.get(),
         .pTables = tables.get(),
+        .pAdvice = tablebase.get(),
+        .nAdviceLevels = nTablebaseLevels,
         .nLevels = static_cast<int>(request.threads.nLevels),
         .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
-        .sortIndications =
-            sortsource::ForSolve(*request.pProblem, settings.bUseMainVariantAsSortIndications,
-                                 request.nMirrorPass == 1),
+        .sortIndications = sortsource::ForSolve(
+            *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
         .hooks = {.startThread = seams.startThread}};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);

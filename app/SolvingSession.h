@@ -16,6 +16,7 @@
 #include <thread>
 #include <vector>
 
+#include "app/OnlineTablebase.h"
 #include "app/Options.h"
 #include "app/SolverCommands.h"
 #include "app/SolvingEvents.h"
@@ -111,6 +112,8 @@ class CSolvingSession {
   // Makes the solver the target of stop and pause, passing on the requests made so far.
   void SetActiveSolver(CMateSolver* solver);
   void JoinThread();
+  // Opens the tablebase answers kept for the problem when its solve asks the service.
+  void PrepareTablebase(const TProblem& problem);
 
   const COptions settings;
   const TSessionCallbacks callbacks;
@@ -119,6 +122,10 @@ class CSolvingSession {
   const TSessionSeams seams;
   std::unique_ptr<TChessboardRegister<bool>> tempRegister;
   std::unique_ptr<CTablesService> tables;
+  // The online tablebase of the problem being solved; null when its lookups are off.
+  std::unique_ptr<CLiChessCache> tablebaseCache;
+  std::unique_ptr<COnlineTablebase> tablebase;
+  int nTablebaseLevels = 0;
 
   std::vector<std::unique_ptr<SolvingRequest>> requests;
   std::atomic<bool> bRunning{false};

@@ -20,6 +20,7 @@ void AddImportCommand(CLI::App& app);
 void AddExportCommand(CLI::App& app);
 void AddRegressCommand(CLI::App& app);
 void AddFindCommand(CLI::App& app);
+void AddTablebaseCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);

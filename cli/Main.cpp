@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
   AddExportCommand(app);
   AddRegressCommand(app);
   AddFindCommand(app);
+  AddTablebaseCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -14,6 +14,7 @@
 #include "app/AnswerCheck.h"
 #include "app/FenProblem.h"
 #include "app/Formatting.h"
+#include "app/LiChessHTTP.h"
 #include "app/Options.h"
 #include "app/ProgramState.h"
 #include "app/SolveTally.h"
@@ -182,6 +183,9 @@ void RunSolve(const TSolveArguments& args) {
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
+  // Problems of up to seven pieces ask the online tablebase at their first levels.
+  OpenLiChessService(LiChessSettingsFromOptions(Options()),
+                     [](const std::string& message) { std::cerr << message << "\n"; });
   TProblemCollection collection;
   std::unique_ptr<TProblem> fenProblem;
   const std::vector<const TProblem*> problems = SelectProblems(args, collection, fenProblem);

@@ -48,13 +48,31 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
   assert(slot + kMoveBufferSize <= whiteChildren.size() && board.ply < whiteKillers.size());
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
-  if (context.pHints != nullptr) {
-    if (const std::uint16_t moveNumber = context.pHints->MoveNumberAt(board))
-      return ordering::MakeHintedWhiteChildren(
-          board, children, &whiteOrder[slot], whiteKillers[board.ply], *context.pHints, moveNumber);
+  int n = 0;
+  const std::uint16_t moveNumber =
+      context.pHints != nullptr ? context.pHints->MoveNumberAt(board) : std::uint16_t{0};
+  if (moveNumber != 0) {
+    n = ordering::MakeHintedWhiteChildren(board, children, &whiteOrder[slot],
+                                          whiteKillers[board.ply], *context.pHints, moveNumber);
+  } else {
+    n = ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
+                                           whiteKillers[board.ply]);
   }
-  return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
-                                            whiteKillers[board.ply]);
+  return SkipAdvisedMoves(board, children, &whiteOrder[slot], n);
+}
+
+int CMateSearch::SkipAdvisedMoves(const TChessboard& board, const TChessboard* children,
+                                  TMoveIndex* order, int n) const {
+  if (context.pAdvice == nullptr || n == 0 ||
+      board.rootPlies - board.ply >= 2 * context.nAdviceLevels)
+    return n;
+  const std::vector<TMove> skipped = context.pAdvice->MovesThatCannotWin(board);
+  if (skipped.empty()) return n;
+  const auto cannotWin = [&](TMoveIndex i) {
+    return std::any_of(skipped.begin(), skipped.end(),
+                       [&](const TMove& move) { return move.SameMove(children[i].lastMove); });
+  };
+  return static_cast<int>(std::remove_if(order, order + n, cannotWin) - order);
 }
 
 bool CMateSearch::MayGoOn() {

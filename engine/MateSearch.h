@@ -71,6 +71,10 @@ class CMateSearch {
   // The exact answer of the endgame tables for a position they hold: mate when White mates
   // within the plies left.
   std::optional<MateResult> ProbeTables(const TChessboard& board) const;
+  // Drops from order the White children that the advice says cannot win; returns how many
+  // are left.
+  int SkipAdvisedMoves(const TChessboard& board, const TChessboard* children, TMoveIndex* order,
+                       int n) const;
   // Parks the thread while the solve or this thread is paused; false when it must give up.
   bool MayGoOn();
   bool IsPaused() const {

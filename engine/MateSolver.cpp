@@ -8,6 +8,8 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
+  context.pAdvice = settings.pAdvice;
+  context.nAdviceLevels = settings.nAdviceLevels;
   if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);

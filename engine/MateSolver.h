@@ -16,6 +16,9 @@ class CMateSolver {
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
     CTableProbe* pTables = nullptr;
+    // White moves skipped at the first levels (see SearchContext).
+    CWhiteMoveAdvice* pAdvice = nullptr;
+    int nAdviceLevels = 0;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
     // engine runs that many workers and shares the work at any depth (see CRootSearch).
     int nLevels = 1;

@@ -1,5 +1,6 @@
 #pragma once
 #include "engine/RunControl.h"
+#include "engine/WhiteMoveAdvice.h"
 #include "engine/WhiteMoveHints.h"
 #include "registers/ChessboardRegister.h"
 #include "registers/TableProbe.h"
@@ -12,6 +13,10 @@ struct SearchContext {
   const CWhiteMoveHints* pHints = nullptr;
   // Exact values of small endings; null when the solve has no tables.
   CTableProbe* pTables = nullptr;
+  // The White moves that cannot win, asked in the positions of the first nAdviceLevels levels
+  // of White moves (1: the root only); null when the solve has no such oracle.
+  CWhiteMoveAdvice* pAdvice = nullptr;
+  int nAdviceLevels = 0;
   // Cut a line that returns to a position already on it (see CMateSearch). The exact search
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
