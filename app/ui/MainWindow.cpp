@@ -47,7 +47,11 @@ CMainWindow::CMainWindow(QWidget* parent)
   ShowProblem();
 }
 
-CMainWindow::~CMainWindow() = default;
+// The solve reads the problem it was given until its thread ends: the controller, which stops
+// and joins it, goes before the collection that owns the problem.
+CMainWindow::~CMainWindow() {
+  delete solver;
+}
 
 void CMainWindow::BuildLayout() {
   auto* central = new QWidget(this);
