@@ -216,7 +216,8 @@ void CMainWindow::ShowPosition() {
                     bMoved ? line.Current().lastMove.to : square::kNone);
   }
   board->SetSelected(square::kNone);
-  moveList->setPlainText(QString::fromStdString(line.MoveListText()));
+  // The moves belong to the position as it was; setting mode shows none.
+  moveList->setPlainText(bSettingMode ? QString() : QString::fromStdString(line.MoveListText()));
   RefreshControls();
 }
 
