@@ -43,7 +43,7 @@ CMainWindow::CMainWindow(QWidget* parent)
   BuildLayout();
   BuildMenus();
   ConnectSolver();
-  setWindowTitle("Longmate");
+  ShowLanguage(Options().nLanguageId);
   ShowProblem();
 }
 

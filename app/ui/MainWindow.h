@@ -61,6 +61,9 @@ class CMainWindow : public QMainWindow {
   // message when it is neither.
   bool PastePosition(const QString& text);
 
+  // Relabels every menu in the language (0 Polish, 1 English, 2 Ukrainian), makes the other
+  // texts follow it and keeps it as LanguageId in the settings file.
+  void SetLanguage(int nLanguageId);
   QAction* Action(const QString& name) const;
   CBoardView* Board() const { return board; }
   QString StatusText() const;
@@ -84,8 +87,10 @@ class CMainWindow : public QMainWindow {
   void BuildPositionMenu();
   void BuildProblemMenu();
   void BuildOtherMenus();
-  QAction* AddCommand(QMenu* menu, const QString& text, const QString& name,
-                      const QKeySequence& key, std::function<void()> work);
+  void BuildLanguageMenu();
+  void ShowLanguage(int nLanguageId);
+  QAction* AddCommand(QMenu* menu, const char* text, const QString& name, const QKeySequence& key,
+                      std::function<void()> work);
   void ConnectSolver();
 
   void ShowProblem();

@@ -4,14 +4,18 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QShortcut>
 
+#include "app/Options.h"
 #include "app/ProgramState.h"
+#include "app/Startup.h"
 #include "app/platform/ProcessPriority.h"
 #include "app/ui/BoardView.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "app/ui/SolveController.h"
 
@@ -67,22 +71,43 @@ const char* const kLaterAdvancedCommands[] = {
     "&Precalculate data (Nalimov tablebases) for this position type",
     "Check if FEN codes from selected file (any text format) exist in the current file..."};
 
+// Every label keeps its English text, from which it is translated again at each change of
+// language.
+constexpr const char* kSourceText = "sourceText";
+constexpr const char* kContext = "Menu";
+
+QAction* AddLabelled(QMenu* menu, const char* label) {
+  QAction* action = menu->addAction(QCoreApplication::translate(kContext, label));
+  action->setProperty(kSourceText, QByteArray(label));
+  return action;
+}
+
+QMenu* AddMenu(QWidget* parent, const char* title) {
+  auto* menu = new QMenu(QCoreApplication::translate(kContext, title), parent);
+  menu->menuAction()->setProperty(kSourceText, QByteArray(title));
+  if (auto* bar = qobject_cast<QMenuBar*>(parent))
+    bar->addMenu(menu);
+  else
+    qobject_cast<QMenu*>(parent)->addMenu(menu);
+  return menu;
+}
+
 void AddLater(QMenu* menu, std::initializer_list<const char*> labels) {
-  for (const char* label : labels) menu->addAction(QString::fromUtf8(label))->setEnabled(false);
+  for (const char* label : labels) AddLabelled(menu, label)->setEnabled(false);
 }
 
 template <std::size_t N>
 void AddLater(QMenu* menu, const char* const (&labels)[N]) {
-  for (const char* label : labels) menu->addAction(QString::fromUtf8(label))->setEnabled(false);
+  for (const char* label : labels) AddLabelled(menu, label)->setEnabled(false);
 }
 
 }  // namespace
 
 // The label keeps the accelerator's text after a tab, as the menu shows it; the key itself is
 // a window shortcut, so that a label such as "Ctrl + S" stays as written.
-QAction* CMainWindow::AddCommand(QMenu* menu, const QString& text, const QString& name,
+QAction* CMainWindow::AddCommand(QMenu* menu, const char* text, const QString& name,
                                  const QKeySequence& key, std::function<void()> work) {
-  QAction* action = menu->addAction(text);
+  QAction* action = AddLabelled(menu, text);
   action->setObjectName(name);
   connect(action, &QAction::triggered, this, [work = std::move(work)] { work(); });
   if (!key.isEmpty()) {
@@ -97,10 +122,43 @@ void CMainWindow::BuildMenus() {
   BuildPositionMenu();
   BuildProblemMenu();
   BuildOtherMenus();
+  BuildLanguageMenu();
+}
+
+// The language menu names each language in itself, so its labels are never translated.
+void CMainWindow::BuildLanguageMenu() {
+  QMenu* languages = menuBar()->addMenu("&Language/Język/Mова");
+  auto* group = new QActionGroup(this);
+  const std::pair<const char*, int> choices[] = {
+      {"&Polski", 0}, {"&English", kEnglishLanguageId}, {"Українськ&а", 2}};
+  for (const auto& [label, nId] : choices) {
+    QAction* action = languages->addAction(QString::fromUtf8(label));
+    action->setObjectName(QString("language%1").arg(nId));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, nId] { SetLanguage(nId); });
+  }
+}
+
+void CMainWindow::SetLanguage(int nLanguageId) {
+  Options().nLanguageId = nLanguageId;
+  ::ApplyLanguage(nLanguageId);
+  StoreLanguageId(nLanguageId, DefaultOptionsPath());
+  ShowLanguage(nLanguageId);
+}
+
+void CMainWindow::ShowLanguage(int nLanguageId) {
+  InstallTranslation(nLanguageId);
+  for (QAction* action : findChildren<QAction*>()) {
+    const QByteArray source = action->property(kSourceText).toByteArray();
+    if (!source.isEmpty()) action->setText(QCoreApplication::translate(kContext, source));
+  }
+  const int nShown = nLanguageId == 0 || nLanguageId == 2 ? nLanguageId : kEnglishLanguageId;
+  if (QAction* mark = Action(QString("language%1").arg(nShown))) mark->setChecked(true);
 }
 
 void CMainWindow::BuildFileMenu() {
-  QMenu* file = menuBar()->addMenu("&File");
+  QMenu* file = AddMenu(menuBar(), "&File");
   file->setObjectName("fileMenu");
   AddCommand(file, "&New file", "newFile", {}, [this] {
     if (ConfirmDiscard()) OpenNamedFile(nullptr, true);
@@ -124,7 +182,7 @@ void CMainWindow::BuildFileMenu() {
 }
 
 void CMainWindow::BuildPositionMenu() {
-  QMenu* position = menuBar()->addMenu("&Position");
+  QMenu* position = AddMenu(menuBar(), "&Position");
   AddLater(position, kLaterPositionCommands);
   AddCommand(position, "Copy FEN code of position\tCtrl+Shift+C", "copyFen",
              QKeySequence("Ctrl+Shift+C"), [this] { CopyFen(false); });
@@ -151,8 +209,8 @@ void CMainWindow::BuildPositionMenu() {
 }
 
 void CMainWindow::BuildProblemMenu() {
-  QMenu* problem = menuBar()->addMenu("P&roblem");
-  QMenu* type = problem->addMenu("Problem type");
+  QMenu* problem = AddMenu(menuBar(), "P&roblem");
+  QMenu* type = AddMenu(problem, "Problem type");
   AddLater(type, {"Two-,Three-/Moremover", "Selfmate", "Helpmate"});
   AddCommand(problem, "&Solve problem\tF5", "solve", QKeySequence("F5"),
              [this] { StartSolve(false); });
@@ -202,15 +260,15 @@ void CMainWindow::BuildProblemMenu() {
 }
 
 void CMainWindow::BuildOtherMenus() {
-  QMenu* view = menuBar()->addMenu("&View");
+  QMenu* view = AddMenu(menuBar(), "&View");
   AddCommand(view, "&Rotate chessboard view", "rotate", {},
              [this] { board->SetRotated(!board->IsRotated()); });
   AddCommand(view, "&Enlarge/minimize progress information area", "progressArea", {},
              [this] { resultView->setVisible(!resultView->isVisible()); });
-  AddLater(menuBar()->addMenu("Var&iant"), kLaterVariantCommands);
-  AddLater(menuBar()->addMenu("&Advanced"), kLaterAdvancedCommands);
+  AddLater(AddMenu(menuBar(), "Var&iant"), kLaterVariantCommands);
+  AddLater(AddMenu(menuBar(), "&Advanced"), kLaterAdvancedCommands);
 
-  QMenu* priority = menuBar()->addMenu("Priori&ty");
+  QMenu* priority = AddMenu(menuBar(), "Priori&ty");
   auto* group = new QActionGroup(this);
   const std::pair<const char*, platform::EPriorityClass> classes[] = {
       {"&High", platform::EPriorityClass::High},
@@ -219,7 +277,7 @@ void CMainWindow::BuildOtherMenus() {
       {"&Below normal (recommended)", platform::EPriorityClass::BelowNormal},
       {"&Low", platform::EPriorityClass::Idle}};
   for (const auto& [label, value] : classes) {
-    QAction* action = priority->addAction(label);
+    QAction* action = AddLabelled(priority, label);
     action->setCheckable(true);
     action->setChecked(GetProgramState().priorityClass == value);
     group->addAction(action);
@@ -229,10 +287,10 @@ void CMainWindow::BuildOtherMenus() {
       group->actions().at(static_cast<int>(GetProgramState().priorityClass))->setChecked(true);
     });
   }
-  AddLater(priority->addMenu("Processor &affinity"), {});
+  AddLater(AddMenu(priority, "Processor &affinity"), {});
   priority->actions().back()->setEnabled(false);
 
-  QMenu* help = menuBar()->addMenu("&Help");
+  QMenu* help = AddMenu(menuBar(), "&Help");
   AddLater(help, {"Open &manual (quick start)", "&Open readme.txt"});
   AddCommand(help, "&About", "about", {},
              [this] { ShowMessage("Information", "Longmate: a solver of long direct mates."); });

@@ -2,6 +2,7 @@
 // position setting, the clipboard and moves played on the board.
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSignalSpy>
@@ -10,6 +11,8 @@
 #include <QToolButton>
 
 #include "UiTestMain.h"
+#include "app/IniFile.h"
+#include "app/Options.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/PiecePalette.h"
 #include "app/ui/StepControl.h"
@@ -257,12 +260,43 @@ class CMainWindowTest : public QObject {
     QCOMPARE(board.SquareAt(QPoint(0, 0)), square::kNone);
   }
 
+  void LanguageMenuRelabelsAtOnceAndKeepsTheChoice_data() {
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("fileMenu");
+    QTest::addColumn<QString>("solve");
+    QTest::newRow("Polish") << 0 << "&Plik" << QString::fromUtf8("&Rozwiąż problem\tF5");
+    QTest::newRow("Ukrainian") << 2 << QString::fromUtf8("&Файл")
+                               << QString::fromUtf8("&Розв'язати задачу\tF5");
+    QTest::newRow("English") << 1 << "&File"
+                             << "&Solve problem\tF5";
+  }
+  void LanguageMenuRelabelsAtOnceAndKeepsTheChoice() {
+    QFETCH(int, language);
+    QFETCH(QString, fileMenu);
+    QFETCH(QString, solve);
+    QTemporaryDir folder;
+    const QString previous = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));  // where options.ini is written
+    CMainWindow window;
+    window.Action(QString("language%1").arg(language))->trigger();
+    QCOMPARE(window.menuBar()->actions().front()->text(), fileMenu);
+    QCOMPARE(window.Action("solve")->text(), solve);
+    QVERIFY(window.Action(QString("language%1").arg(language))->isChecked());
+    CIniFile settings;
+    QVERIFY(settings.Load((folder.path() + "/options.ini").toStdString()));
+    QCOMPARE(settings.GetInt("chess", "LanguageId", -1), language);
+    window.SetLanguage(kEnglishLanguageId);
+    QCOMPARE(window.Action("solve")->text(), QString("&Solve problem\tF5"));
+    QVERIFY(QDir::setCurrent(previous));
+  }
+
   void MenusStandInOrderAndLaterCommandsAreDisabled() {
     CMainWindow window;
     QStringList titles;
     for (QAction* menu : window.menuBar()->actions()) titles << menu->text();
-    QCOMPARE(titles, (QStringList{"&File", "&Position", "P&roblem", "&View", "Var&iant",
-                                  "&Advanced", "Priori&ty", "&Help"}));
+    QCOMPARE(titles,
+             (QStringList{"&File", "&Position", "P&roblem", "&View", "Var&iant", "&Advanced",
+                          "Priori&ty", "&Help", QString::fromUtf8("&Language/Język/Mова")}));
     QCOMPARE(window.Action("save")->text(), QString("&Save changes\tCtrl + S"));
     QVERIFY(window.Action("solve")->isEnabled());
     for (QAction* menu : window.menuBar()->actions())

@@ -93,6 +93,11 @@ class CWindowTour : public QObject {
     window->SetSettingMode(true);
     window->findChild<CPiecePalette*>("palette")->Choose(piece::kBlackQueen);
     save("4-setting-mode-rotated.png");
+
+    window->SetSettingMode(false);
+    QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
+    window->SetLanguage(0);
+    save("5-polish-menus.png");
   }
 };
 
