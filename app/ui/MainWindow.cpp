@@ -84,6 +84,48 @@ void CMainWindow::BuildLayout() {
     navigator->addWidget(w);
   side->addLayout(navigator);
 
+  side->addLayout(BuildControls(central));
+
+  palette = new CPiecePalette(central);
+  palette->setObjectName("palette");
+  palette->hide();
+  connect(palette, &CPiecePalette::ClearRequested, this, [this] {
+    edits.Clear();
+    ShowPosition();
+  });
+  side->addWidget(palette);
+
+  descriptionLabel = new QLabel(central);
+  descriptionLabel->setObjectName("description");
+  descriptionLabel->setWordWrap(true);
+  descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  side->addWidget(descriptionLabel);
+  moveList = new QPlainTextEdit(central);
+  moveList->setObjectName("moveList");
+  moveList->setReadOnly(true);
+  moveList->setFocusPolicy(Qt::NoFocus);  // the arrow keys belong to the navigator
+  moveList->setMaximumBlockCount(1000);
+  side->addWidget(moveList, 1);
+  resultView = new QPlainTextEdit(central);
+  resultView->setObjectName("result");
+  resultView->setReadOnly(true);
+  resultView->setFocusPolicy(Qt::NoFocus);
+  side->addWidget(resultView, 1);
+  progressLabel = new QLabel(central);
+  progressLabel->setObjectName("progress");
+  side->addWidget(progressLabel);
+
+  setCentralWidget(central);
+  statusLabel = new QLabel(this);
+  statusLabel->setObjectName("status");
+  statusBar()->addWidget(statusLabel, 1);
+  connect(board, &CBoardView::SquareClicked, this, &CMainWindow::OnBoardClick);
+  connect(board, &CBoardView::PieceDragged, this, &CMainWindow::OnBoardDrag);
+  resize(900, 600);
+}
+
+// The stipulation and thread controls, the Start button and the setting-mode switch.
+QLayout* CMainWindow::BuildControls(QWidget* central) {
   auto* controls = new QHBoxLayout();
   stipulationControl = new CStepControl(central);
   stipulationControl->setObjectName("stipulation");
@@ -132,44 +174,7 @@ void CMainWindow::BuildLayout() {
   controls->addWidget(threadControl);
   controls->addWidget(startButton);
   controls->addWidget(setting);
-  side->addLayout(controls);
-
-  palette = new CPiecePalette(central);
-  palette->setObjectName("palette");
-  palette->hide();
-  connect(palette, &CPiecePalette::ClearRequested, this, [this] {
-    edits.Clear();
-    ShowPosition();
-  });
-  side->addWidget(palette);
-
-  descriptionLabel = new QLabel(central);
-  descriptionLabel->setObjectName("description");
-  descriptionLabel->setWordWrap(true);
-  descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  side->addWidget(descriptionLabel);
-  moveList = new QPlainTextEdit(central);
-  moveList->setObjectName("moveList");
-  moveList->setReadOnly(true);
-  moveList->setFocusPolicy(Qt::NoFocus);  // the arrow keys belong to the navigator
-  moveList->setMaximumBlockCount(1000);
-  side->addWidget(moveList, 1);
-  resultView = new QPlainTextEdit(central);
-  resultView->setObjectName("result");
-  resultView->setReadOnly(true);
-  resultView->setFocusPolicy(Qt::NoFocus);
-  side->addWidget(resultView, 1);
-  progressLabel = new QLabel(central);
-  progressLabel->setObjectName("progress");
-  side->addWidget(progressLabel);
-
-  setCentralWidget(central);
-  statusLabel = new QLabel(this);
-  statusLabel->setObjectName("status");
-  statusBar()->addWidget(statusLabel, 1);
-  connect(board, &CBoardView::SquareClicked, this, &CMainWindow::OnBoardClick);
-  connect(board, &CBoardView::PieceDragged, this, &CMainWindow::OnBoardDrag);
-  resize(900, 600);
+  return controls;
 }
 
 TProblem* CMainWindow::CurrentProblem() {

@@ -19,6 +19,7 @@ class CSolveController;
 class CStepControl;
 class QAction;
 class QLabel;
+class QLayout;
 class QMenu;
 class QPlainTextEdit;
 class QPushButton;
@@ -82,6 +83,7 @@ class CMainWindow : public QMainWindow {
 
  private:
   void BuildLayout();
+  QLayout* BuildControls(QWidget* central);
   void BuildMenus();
   void BuildFileMenu();
   void BuildPositionMenu();
