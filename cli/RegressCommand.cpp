@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/LiChessHTTP.h"
 #include "app/Options.h"
 #include "app/RegressionLog.h"
 #include "app/RegressionRunner.h"
@@ -64,6 +65,9 @@ void RunRegress(const TRegressArguments& args) {
 
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
+  // The problems that require the online tablebase get it, as a solve does.
+  OpenLiChessService(LiChessSettingsFromOptions(Options()),
+                     [](const std::string& message) { std::cerr << message << "\n"; });
   CSolvingSession session(Options());
   const CRegressionLog log(std::filesystem::current_path());
   CRegressionRunner runner(session, Options(), log, CRegressionRunner::LocalResources(Options()),
