@@ -8,6 +8,7 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
+  context.pMovesLog = settings.pMovesLog;
   if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);

@@ -1,4 +1,5 @@
 #pragma once
+#include "engine/MovesLogger.h"
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveHints.h"
 #include "registers/ChessboardRegister.h"
@@ -16,4 +17,6 @@ struct SearchContext {
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
   bool bCutRepetitions = false;
+  // Where each thread writes the tree it walks; null when the moves are not logged.
+  const TMovesLogSettings* pMovesLog = nullptr;
 };
