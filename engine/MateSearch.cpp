@@ -110,7 +110,6 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
 }
 
 MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
-  // The last move is not logged: a mate in one is found as one unit.
   if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
   if (const auto known = ProbeTables(board)) {
     if (logger && *known == mate::kMate)
@@ -326,7 +325,12 @@ bool CMateSearch::MateInOne(const TChessboard& board) {
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
     CountPosition();
-    if (child.IsBlackInCheck() && !movemaking::HasLegalMove(child)) return true;
+    const bool bMated = child.IsBlackInCheck() && !movemaking::HasLegalMove(child);
+    if (logger) {
+      logger->MoveLine(board, moves[i], &child);
+      LogResult(child, bMated ? mate::kMate : mate::kNoMate);
+    }
+    if (bMated) return true;
   }
   return false;
 }

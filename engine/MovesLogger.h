@@ -30,8 +30,8 @@ struct TLogPass {
 
 // What every thread of one solve logs with.
 struct TMovesLogSettings {
-  std::filesystem::path folder;  // where the files go: the working folder by default
-  int nProblem = 0;              // 0 when the search runs without a problem record
+  std::filesystem::path folder = {};  // where the files go: the working folder by default
+  int nProblem = 0;                   // 0 when the search runs without a problem record
   TLogPass pass;
 };
 
