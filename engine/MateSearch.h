@@ -32,10 +32,9 @@ class CMateSearch {
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
 
-  // The moves log of this thread, null when the solve logs no moves.
-  CMovesLogger* Logger() const { return logger.get(); }
-  // Writes the result line of a node searched outside this search's own recursion. What an
-  // interrupted search returns is no result.
+  // The moves log of this thread, written only when the solve logs moves. These write what
+  // the root search walks outside this search's own recursion; what an interrupted search
+  // returns is no result.
   void LogResult(const TChessboard& board, MateResult result) {
     if (logger && !Interrupted()) logger->ResultLine(board, result, doubtfulReason);
   }
@@ -107,5 +106,6 @@ class CMateSearch {
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
   std::unique_ptr<CMovesLogger> logger;
-  std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;  // of the last doubtful result
+  // Why the last doubtful result was doubtful: a node that cuts a line sets it.
+  std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;
 };
