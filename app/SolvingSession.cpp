@@ -166,6 +166,8 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     const CRegistryEntry entry(request.RegistryName(),
                                CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
                                                         static_cast<int>(request.threads.nLevels)));
+    // The search has no heuristics yet: every pass is one without them.
+    const TMovesLogSettings movesLog{.nProblem = request.pProblem->id, .pass = {.nPass = 2}};
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
@@ -177,6 +179,7 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
         .sortIndications = sortsource::ForSolve(
             *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
+        .pMovesLog = settings.bLogMoves ? &movesLog : nullptr,
         .hooks = {.startThread = seams.startThread}};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);

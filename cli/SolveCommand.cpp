@@ -17,6 +17,7 @@
 #include "app/LiChessHTTP.h"
 #include "app/Options.h"
 #include "app/ProgramState.h"
+#include "app/SolutionReport.h"
 #include "app/SolveTally.h"
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
@@ -43,6 +44,9 @@ struct TSolveArguments {
   bool bQuiet = false;
   bool bMirror = false;
   std::string threads;
+  bool bLogMoves = false;
+  bool bTree = false;
+  bool bJson = false;
 };
 
 [[noreturn]] void BadInput(const std::string& text) {
@@ -91,6 +95,29 @@ void PrintPasses(const CSolvingSession& session) {
   }
 }
 
+// Prints the whole solution of the keys the pass of the position as given found: as text,
+// or as one line of JSON.
+void PrintSolutionTrees(const CSolvingSession& session, const TProblem& problem,
+                        const TSolveArguments& args) {
+  for (const auto& request : session.Requests()) {
+    const TSolvingResult& result = request->result;
+    if (request->nMirrorPass != 0 || !result.sError.empty() || result.keys.empty()) continue;
+    try {
+      const int nMoves = problem.stipulation.Moves();
+      const auto trees = BuildSolutionTrees(request->board, nMoves, result.keys);
+      if (args.bJson) {
+        std::printf("%s\n", SolutionTreesJson(problem.id, nMoves, trees).c_str());
+        return;
+      }
+      for (const TSolutionMove& tree : trees)
+        for (const std::string& line : SolutionTreeLines(tree)) std::printf("%s\n", line.c_str());
+    } catch (const ChessException& error) {
+      std::printf("Solution tree: %s\n", error.what());
+    }
+    return;
+  }
+}
+
 // Solves one problem and prints what its passes found.
 void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
                   const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
@@ -120,6 +147,7 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
   PrintPasses(session);
+  if (args.bTree || args.bJson) PrintSolutionTrees(session, problem, args);
   tally.Count(ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut));
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
@@ -181,6 +209,7 @@ void RunSolve(const TSolveArguments& args) {
   CheckSource(args);
   const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
+  if (args.bLogMoves) Options().bLogMoves = true;
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
   // Problems of up to seven pieces ask the online tablebase at their first levels.
@@ -237,5 +266,10 @@ void AddSolveCommand(CLI::App& app) {
   command->add_flag("--mirror", args->bMirror,
                     "also solve the position mirrored left to right (a check of the first pass)");
   command->add_option("--threads", args->threads, "threads and levels as T or T^L");
+  command->add_flag("--log-moves", args->bLogMoves,
+                    "write the searched tree to MovesLogger_problem<N>_thread<T>.log files");
+  command->add_flag("--tree", args->bTree,
+                    "print the main variation and the whole solution of the keys found");
+  command->add_flag("--json", args->bJson, "print the whole solution as one line of JSON");
   command->callback([args] { RunSolve(*args); });
 }

@@ -36,7 +36,9 @@ CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
       whiteOrder((rootPlies / 2 + 1u) * kMoveBufferSize),
       repetitionMarks(rootPlies + 1u, 0),
       whiteKillers(rootPlies + 1u),
-      blackKillers(rootPlies + 1u) {}
+      blackKillers(rootPlies + 1u),
+      logger(searchContext.pMovesLog ? std::make_unique<CMovesLogger>(*searchContext.pMovesLog)
+                                     : nullptr) {}
 
 MateResult CMateSearch::FindMate(const TChessboard& board) {
   return board.IsWhiteToMove() ? WhiteNode(board) : BlackNode(board);
@@ -120,11 +122,25 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
 }
 
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
+  const MateResult result = SearchWhiteNode(board);
+  LogResult(board, result);
+  return result;
+}
+
+MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
-  if (const auto known = ProbeTables(board)) return *known;
+  if (const auto known = ProbeTables(board)) {
+    if (logger && *known == mate::kMate)
+      logger->TextLine(board,
+                       "QuickerMate with AdditionalMoves found (with glob.reg./Nalimov lookup)");
+    return *known;
+  }
   if (UsesRegister(board)) {
     const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
-    if (known == 1) return mate::kMate;
+    if (known == 1) {
+      if (logger) logger->TextLine(board, "Mate found (pos.in temp.reg.)");
+      return mate::kMate;
+    }
     if (known == 0) return mate::kNoMate;
   }
   if (HasShorterMate(board)) {
@@ -161,6 +177,7 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
 
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
+  LogMove(*child.parent, child.lastMove, &child);
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
   if (repeated != 0) {
@@ -237,6 +254,12 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
 }
 
 MateResult CMateSearch::BlackNode(const TChessboard& board) {
+  const MateResult result = SearchBlackNode(board);
+  LogResult(board, result);
+  return result;
+}
+
+MateResult CMateSearch::SearchBlackNode(const TChessboard& board) {
   if (!MayGoOn()) return mate::kDoubtful;
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
@@ -283,9 +306,13 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   TChessboard& child = line[board.ply];
   child = board;
   child.parent = &board;
-  if (movemaking::MakeBlackMove(child, reply) <= 0) return std::nullopt;
+  if (movemaking::MakeBlackMove(child, reply) <= 0) {
+    LogMove(board, reply, nullptr);
+    return std::nullopt;
+  }
   ++nLegal;
   CountPosition();
+  LogMove(board, reply, &child);
   MateResult result;
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
@@ -316,7 +343,12 @@ bool CMateSearch::MateInOne(const TChessboard& board) {
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
     CountPosition();
-    if (child.IsBlackInCheck() && !movemaking::HasLegalMove(child)) return true;
+    const bool bMated = child.IsBlackInCheck() && !movemaking::HasLegalMove(child);
+    if (logger) {
+      logger->MoveLine(board, moves[i], &child);
+      LogResult(child, bMated ? mate::kMate : mate::kNoMate);
+    }
+    if (bMated) return true;
   }
   return false;
 }

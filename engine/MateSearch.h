@@ -1,6 +1,7 @@
 #pragma once
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -31,6 +32,20 @@ class CMateSearch {
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
 
+  // The moves log of this thread, written only when the solve logs moves. These write what
+  // the root search walks outside this search's own recursion; what an interrupted search
+  // returns is no result.
+  void LogResult(const TChessboard& board, MateResult result) {
+    if (logger && !Interrupted()) logger->ResultLine(board, result, doubtfulReason);
+  }
+  void LogMove(const TChessboard& mover, TMove move, const TChessboard* made) {
+    if (logger) logger->MoveLine(mover, move, made);
+  }
+  // The log file this thread writes: a number of its own for each kind of work it takes up.
+  void SetLogThread(int nThread) {
+    if (logger) logger->SetThread(nThread);
+  }
+
   // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
   void SetPausedAlone(bool bPaused);
   // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.
@@ -52,6 +67,8 @@ class CMateSearch {
                            const TMoveIndex*& order);
 
  private:
+  MateResult SearchWhiteNode(const TChessboard& board);
+  MateResult SearchBlackNode(const TChessboard& board);
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
@@ -92,4 +109,7 @@ class CMateSearch {
   std::atomic<bool> bPausedAlone{false};
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
+  std::unique_ptr<CMovesLogger> logger;
+  // Why the last doubtful result was doubtful: a node that cuts a line sets it.
+  std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;
 };

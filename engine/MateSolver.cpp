@@ -10,6 +10,7 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   context.pTables = settings.pTables;
   context.pAdvice = settings.pAdvice;
   context.nAdviceLevels = settings.nAdviceLevels;
+  context.pMovesLog = settings.pMovesLog;
   if (!hints.IsEmpty()) context.pHints = &hints;
   search = std::make_unique<CRootSearch>(
       context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);

@@ -26,6 +26,8 @@ class CMateSolver {
     bool bShareFirstMoves = true;
     // Which White moves to try first (see CWhiteMoveHints); the keys found do not depend on it.
     TSortIndications sortIndications = {};
+    // Where the threads log the moves they search; null for no log. Must outlive the solve.
+    const TMovesLogSettings* pMovesLog = nullptr;
     TRootHooks hooks = {};
   };
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "engine/MovesLogger.h"
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveAdvice.h"
 #include "engine/WhiteMoveHints.h"
@@ -21,4 +22,6 @@ struct SearchContext {
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
   bool bCutRepetitions = false;
+  // Where each thread writes the tree it walks; null when the moves are not logged.
+  const TMovesLogSettings* pMovesLog = nullptr;
 };
