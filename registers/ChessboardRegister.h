@@ -60,7 +60,7 @@ class TChessboardRegister<bool> {
   // worth their room: the register stops filing move counts below 4.
   virtual void EmptySomeDataWhenRegisterFull(bool bForce);
   // Empties the register; it is then bound to no problem.
-  void Clear();
+  virtual void Clear();
   void Compact();
   // The language of the messages the register throws; English until told otherwise.
   void SetLanguage(ERegisterLanguage value) { language.store(value, std::memory_order_relaxed); }
@@ -92,6 +92,11 @@ class TChessboardRegister<bool> {
  protected:
   // Receives the register's diagnostic lines; the grouping register writes them to its log.
   virtual void WriteRegisterLog(const char* message);
+  // Whether the counted register (the owner, if any) has room, after freeing some if not.
+  bool HasRoom();
+  std::uint32_t FreeRoom() const;
+  // Erases the exact entries of move counts up to n; returns how many went.
+  std::uint64_t RemoveExactUpTo(std::uint16_t n) { return store.RemoveUpTo(n); }
 
   std::atomic<std::uint32_t> ElementsIn{0};
   std::atomic<std::uint32_t> DoubtfulElementsIn{0};
@@ -103,8 +108,6 @@ class TChessboardRegister<bool> {
  private:
   void InsertAnswer(std::uint16_t n, const TChessboardRegisterItem& key, std::uint32_t answer,
                     const std::uint32_t* heuristics, bool bCompact, bool bDefence);
-  bool HasRoom();
-  std::uint32_t FreeRoom() const;
   // Longest move count that eviction must drop, with all shorter ones, to free a fifth.
   std::uint16_t EvictionLimit(const std::vector<std::uint64_t>& countByMoves) const;
   void RaisePeak(std::uint32_t nElements);
