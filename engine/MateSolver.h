@@ -15,6 +15,9 @@ class CMateSolver {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
+    // The doubtful answers of the selection given (see SearchContext); none when null.
+    TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
+    THeuristicsKey heuristics = 0;
     CTableProbe* pTables = nullptr;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
     // engine runs that many workers and shares the work at any depth (see CRootSearch).

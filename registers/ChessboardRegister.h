@@ -81,6 +81,14 @@ class TChessboardRegister<bool> {
   // Writes every entry in the same record format; returns how many were written.
   std::uint64_t SaveSolvedPositions(const std::filesystem::path& file) const;
 
+  // Calls visit(key, info) for every exact entry, a part of the store at a time under its lock.
+  template <typename Visitor>
+  void ForEachEntry(Visitor visit) const {
+    store.ForEach(visit);
+  }
+  // Off while entries known to be coherent are read in, which then need no pruning.
+  void SetCoherencyPruning(bool bOn) { bCoherencyPruning.store(bOn, std::memory_order_relaxed); }
+
   std::uint32_t MaxElements() const { return nMaxElements.load(std::memory_order_relaxed); }
   bool RegistersFewMovers() const { return bRegisterFewMovers.load(std::memory_order_relaxed); }
   bool IsCoherencyPruning() const { return bCoherencyPruning.load(std::memory_order_relaxed); }
