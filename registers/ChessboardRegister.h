@@ -70,6 +70,10 @@ class TChessboardRegister<bool> {
   // whose records contradict each other proves nothing: the register is left empty.
   bool BindToProblem(const TChessboardRegisterItem& problemKey,
                      const std::filesystem::path& solvedPositionsFile);
+  // Binds the register to a problem without emptying it: what it holds was read for that
+  // problem from elsewhere.
+  void AdoptProblem(const TChessboardRegisterItem& problemKey,
+                    const std::filesystem::path& solvedPositionsFile);
   // Writes every entry to the file of the problem bound last, replacing it as a whole and
   // creating its folder; returns how many were written, nothing when no problem is bound.
   // Throws std::filesystem::filesystem_error or std::ios_base::failure when it cannot.
