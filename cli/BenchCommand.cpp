@@ -7,4 +7,5 @@ void AddBenchCommand(CLI::App& app) {
   AddBenchPerftCommand(*bench);
   AddBenchReadCommand(*bench);
   AddBenchSolveCommand(*bench);
+  AddBenchMemoryCommand(*bench);
 }

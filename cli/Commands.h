@@ -19,3 +19,4 @@ void AddTablesCommand(CLI::App& app);
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
+void AddBenchMemoryCommand(CLI::App& bench);
