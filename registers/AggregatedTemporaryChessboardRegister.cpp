@@ -42,7 +42,9 @@ TAggregatedTemporaryChessboardRegister::TAggregatedTemporaryChessboardRegister(s
 TAggregatedTemporaryChessboardRegister::~TAggregatedTemporaryChessboardRegister() = default;
 
 std::uint32_t TAggregatedTemporaryChessboardRegister::GetElementsIn() const {
-  return ElementsIn.load(std::memory_order_relaxed) + own.Count() +
+  // Black-to-move entries cost the same memory as the others: a budget that left them out
+  // would let the register grow to twice its quota and more.
+  return ElementsIn.load(std::memory_order_relaxed) + BlackToMoveElementsIn() + own.Count() +
          DoubtfulElementsIn.load(std::memory_order_relaxed);
 }
 

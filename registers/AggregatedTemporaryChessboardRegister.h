@@ -35,7 +35,8 @@ class TAggregatedTemporaryChessboardRegister : public TChessboardRegister<bool> 
   explicit TAggregatedTemporaryChessboardRegister(std::uint32_t nLimit);
   ~TAggregatedTemporaryChessboardRegister() override;
 
-  // Exact entries, the aggregate's own doubtful ones and those of all members.
+  // Exact entries of either side to move, the aggregate's own doubtful ones and those of all
+  // members.
   std::uint32_t GetElementsIn() const override;
   std::uint32_t GetDoubtfulElementsIn() const override;
   std::uint32_t GetOwnDoubtfulElementsIn() const { return own.Count(); }

@@ -109,6 +109,8 @@ class TChessboardRegister<bool> {
   std::uint32_t FreeRoom() const;
   // Erases the exact entries of move counts up to n; returns how many went.
   std::uint64_t RemoveExactUpTo(std::uint16_t n) { return store.RemoveUpTo(n); }
+  // Exact entries with Black to move, which ElementsIn leaves out.
+  std::uint32_t BlackToMoveElementsIn() const { return store.BlackToMoveCount(); }
 
   std::atomic<std::uint32_t> ElementsIn{0};
   std::atomic<std::uint32_t> DoubtfulElementsIn{0};
