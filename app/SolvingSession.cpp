@@ -17,6 +17,7 @@
 #include "engine/MateSolver.h"
 #include "engine/ProblemSortIndications.h"
 #include "engine/RegisterBinding.h"
+#include "engine/RegisterKey.h"
 
 namespace {
 
@@ -49,11 +50,12 @@ class CRegistryEntry {
   const std::string name;
 };
 
-std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
-  auto tempRegister =
-      std::make_unique<TChessboardRegister<bool>>(TChessboardRegister<bool>::MaxElementsForPercent(
-          platform::TotalPhysicalMemoryBytes(), settings.nMaxMemRatioForTempReg));
+std::unique_ptr<TAggregatedTemporaryChessboardRegister> MakeTempRegister(const COptions& settings) {
+  auto tempRegister = std::make_unique<TAggregatedTemporaryChessboardRegister>(
+      TChessboardRegister<bool>::MaxElementsForPercent(platform::TotalPhysicalMemoryBytes(),
+                                                       settings.nMaxMemRatioForTempReg));
   tempRegister->SetLanguage(RegisterLanguageOf(settings.nLanguageId));
+  if (settings.bRegisterInfoLog) tempRegister->SetRegisterLog("registerInfo.log");
   return tempRegister;
 }
 
@@ -115,7 +117,10 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                          .bMirrorSwitch = order.bMirrorSwitch});
   PrepareTablebase(problem);
   if (tempRegister) {
-    if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+    const bool bReadForThis =
+        registerReadFor && *registerReadFor == registerkey::Build(problem.start);
+    if (settings.bClearRegisterOnStartSolving && !bReadForThis) tempRegister->Clear();
+    registerReadFor.reset();
     BindRegisterToProblem(*tempRegister, problem.start);
   }
   {

@@ -8,4 +8,5 @@ void AddBenchCommand(CLI::App& app) {
   AddBenchReadCommand(*bench);
   AddBenchSolveCommand(*bench);
   AddBenchFindCommand(*bench);
+  AddBenchMemoryCommand(*bench);
 }

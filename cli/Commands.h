@@ -26,3 +26,4 @@ void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
 void AddBenchFindCommand(CLI::App& bench);
+void AddBenchMemoryCommand(CLI::App& bench);

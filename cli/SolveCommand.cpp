@@ -47,6 +47,8 @@ struct TSolveArguments {
   bool bLogMoves = false;
   bool bTree = false;
   bool bJson = false;
+  std::string readRegister;  // the temporary register file read before the solve
+  std::string saveRegister;  // where the temporary register is saved after it
 };
 
 [[noreturn]] void BadInput(const std::string& text) {
@@ -118,6 +120,24 @@ void PrintSolutionTrees(const CSolvingSession& session, const TProblem& problem,
   }
 }
 
+// Reads the temporary register file asked for; false, after saying why, when it cannot.
+bool ReadRegisterFile(CSolvingSession& session, const TProblem& problem,
+                      const TSolveArguments& args) {
+  if (args.readRegister.empty()) return true;
+  const TRegisterCommandResult read = session.ReadTemporaryRegisterFrom(problem, args.readRegister);
+  std::printf("%s\n", read.message.c_str());
+  return read.bDone;
+}
+
+// Saves the temporary register where asked; false, after saying why, when it cannot.
+bool SaveRegisterFile(CSolvingSession& session, const TProblem& problem,
+                      const TSolveArguments& args) {
+  if (args.saveRegister.empty()) return true;
+  const TRegisterCommandResult saved = session.SaveTemporaryRegisterAs(problem, args.saveRegister);
+  std::printf("%s\n", saved.message.c_str());
+  return saved.bDone;
+}
+
 // Solves one problem and prints what its passes found.
 void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
                   const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
@@ -126,6 +146,11 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   if (problem.stipulation.type != TStipulation::kDirectMate) {
     std::printf("Problem %d skipped: not a direct mate\n\n", problem.id);
     tally.CountSkipped();
+    return;
+  }
+  if (!ReadRegisterFile(session, problem, args)) {
+    std::printf("%s: not solved\n\n", title.c_str());
+    tally.Count({.end = EProblemEnd::Failed});
     return;
   }
   if (const auto refusal = session.Start({.pProblem = &problem,
@@ -148,7 +173,10 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
   PrintPasses(session);
   if (args.bTree || args.bJson) PrintSolutionTrees(session, problem, args);
-  tally.Count(ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut));
+  // A register that could not be saved fails the problem: what was asked for is not there.
+  const bool bSaved = SaveRegisterFile(session, problem, args);
+  tally.Count(bSaved ? ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut)
+                     : TProblemOutcome{.end = EProblemEnd::Failed});
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
@@ -195,6 +223,9 @@ void CheckSource(const TSolveArguments& args) {
     BadInput("--mate goes with --fen; a file's problems have their own");
   if (!args.fen.empty() && !args.problemIds.empty())
     BadInput("--problem picks problems of a file, not of --fen");
+  if ((!args.readRegister.empty() || !args.saveRegister.empty()) && args.fen.empty() &&
+      args.problemIds.size() != 1)
+    BadInput("--read-register and --save-register go with one problem: --fen or one --problem");
 }
 
 std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
@@ -271,5 +302,9 @@ void AddSolveCommand(CLI::App& app) {
   command->add_flag("--tree", args->bTree,
                     "print the main variation and the whole solution of the keys found");
   command->add_flag("--json", args->bJson, "print the whole solution as one line of JSON");
+  command->add_option("--read-register", args->readRegister,
+                      "start from the temporary register saved in this file");
+  command->add_option("--save-register", args->saveRegister,
+                      "save the temporary register to this file after the solve");
   command->callback([args] { RunSolve(*args); });
 }

@@ -121,6 +121,26 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
   context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
 }
 
+std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
+  if (context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
+      registerkey::HasEnPassantRight(board))
+    return std::nullopt;
+  const std::uint8_t known =
+      context.pDoubtful->FindDoubtful(context.heuristics, board.ply, registerkey::Build(board));
+  if (known == kDoubtfulMate) return mate::kMate;
+  if (known == kDoubtfulCut) return mate::kDoubtful;
+  return std::nullopt;
+}
+
+void CMateSearch::FileDoubtful(const TChessboard& board) {
+  // An interrupted search was cut by the stop, not by the selection.
+  if (Interrupted() || context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
+      registerkey::HasEnPassantRight(board))
+    return;
+  context.pDoubtful->InsertDoubtful(context.heuristics, board.ply, registerkey::Build(board),
+                                    false);
+}
+
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   const MateResult result = SearchWhiteNode(board);
   LogResult(board, result);
@@ -143,6 +163,7 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     }
     if (known == 0) return mate::kNoMate;
   }
+  if (const auto doubtful = FindDoubtful(board)) return *doubtful;
   if (HasShorterMate(board)) {
     FileAnswer(board, 1);
     return mate::kMate;
@@ -248,7 +269,10 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
   }
   // A repetition of this very position is settled here, as no mate: the exact search loses
   // no mate by cutting it.
-  if (bDoubtful) return mate::kDoubtful;
+  if (bDoubtful) {
+    FileDoubtful(board);
+    return mate::kDoubtful;
+  }
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
@@ -270,9 +294,12 @@ MateResult CMateSearch::SearchBlackNode(const TChessboard& board) {
     if (bDefence == 0) return mate::kMate;
     if (bDefence == 1) return mate::kNoMate;
   }
+  if (const auto doubtful = FindDoubtful(board)) return *doubtful;
   const MateResult result = SearchBlackReplies(board);
   if (result == mate::kMate || result == mate::kNoMate)
     FileDefence(board, result == mate::kMate ? 0 : 1);
+  else if (result == mate::kDoubtful)
+    FileDoubtful(board);
   return result;
 }
 

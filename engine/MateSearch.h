@@ -85,6 +85,11 @@ class CMateSearch {
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
+  // What the doubtful answers of the pass's selection say of board: mate, doubtful, or
+  // nothing.
+  std::optional<MateResult> FindDoubtful(const TChessboard& board) const;
+  // Files that the search of board under the pass's selection was cut.
+  void FileDoubtful(const TChessboard& board);
   // The exact answer of the endgame tables for a position they hold: mate when White mates
   // within the plies left.
   std::optional<MateResult> ProbeTables(const TChessboard& board) const;

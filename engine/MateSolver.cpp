@@ -7,6 +7,8 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
+  context.pDoubtful = settings.pDoubtful;
+  context.heuristics = settings.heuristics;
   context.pTables = settings.pTables;
   context.pAdvice = settings.pAdvice;
   context.nAdviceLevels = settings.nAdviceLevels;

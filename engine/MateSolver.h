@@ -15,6 +15,9 @@ class CMateSolver {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
+    // The doubtful answers of the selection given (see SearchContext); none when null.
+    TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
+    THeuristicsKey heuristics = 0;
     CTableProbe* pTables = nullptr;
     // White moves skipped at the first levels (see SearchContext).
     CWhiteMoveAdvice* pAdvice = nullptr;

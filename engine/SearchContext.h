@@ -3,6 +3,7 @@
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveAdvice.h"
 #include "engine/WhiteMoveHints.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 #include "registers/ChessboardRegister.h"
 #include "registers/TableProbe.h"
 
@@ -10,6 +11,10 @@
 struct SearchContext {
   CRunControl run;
   TChessboardRegister<bool>* pRegister = nullptr;
+  // Where the doubtful answers of this pass's heuristics selection are found and filed; null
+  // in a pass that must search such positions out. A stored cut makes a node doubtful.
+  TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
+  THeuristicsKey heuristics = 0;
   // The problem's sort indications for White's moves; null when it gives none.
   const CWhiteMoveHints* pHints = nullptr;
   // Exact values of small endings; null when the solve has no tables.
