@@ -9,7 +9,7 @@ using enum EOptionRule;
 constexpr bool W = true;   // written back by the options dialog
 constexpr bool R = false;  // read only
 
-const std::array<TOptionKey, 31> kKeys{{
+const std::array<TOptionKey, 39> kKeys{{
     {"LanguageId", &COptions::nLanguageId, 1, R, Plain},
     {"QuickMode", &COptions::bQuickMode, 1, W, Plain},
     {"WarningOnLichessDataRepetition", &COptions::bWarningOnLichessDataRepetition, 0, R, Plain},
@@ -44,6 +44,14 @@ const std::array<TOptionKey, 31> kKeys{{
     {"CustomizedVersion", &COptions::bCustomizedVersion, 0, R, Plain},
     {"EnableManualEngineControl", &COptions::bEnableManualEngineControl, 0, W, Plain},
     {"ScalingWarningDismissed", &COptions::bScalingWarningDismissed, 0, R, Plain},
+    {"LichessScheme", &COptions::sLichessScheme, 0, R, Plain, "https"},
+    {"LichessHost", &COptions::sLichessHost, 0, R, Plain, "tablebase.lichess.ovh"},
+    {"AlbrechtHost", &COptions::sAlbrechtHost, 0, R, Plain, "https://www.dieschwalbe.de/"},
+    {"GameknotHost", &COptions::sGameknotHost, 0, R, Plain, "https://gameknot.com/"},
+    {"MesonHost", &COptions::sMesonHost, 0, R, Plain, "https://www.bstephen.me.uk"},
+    {"PdbHost", &COptions::sPdbHost, 0, R, Plain, "https://www.softdecc.com/pdb/"},
+    {"ChessStarHost", &COptions::sChessStarHost, 0, R, Plain, "https://www.chessstar.com"},
+    {"YacpdbHost", &COptions::sYacpdbHost, 0, R, Plain, "https://www.yacpdb.org"},
 }};
 
 static_assert(kKeys.size() <= decltype(COptions::keysFromFile){}.size());

@@ -27,6 +27,8 @@ struct TOptionKey {
   int nDefault;   // as stored in the file; ignored for the string key
   bool bWritten;  // written back by WriteOptions
   EOptionRule rule;
+  // The default of a string key; an empty one keeps what the settings held before.
+  const char* szDefault = "";
 };
 
 std::span<const TOptionKey> OptionKeys();

@@ -55,7 +55,11 @@ long long ApplyReadRule(EOptionRule rule, long long value) {
 bool LoadKey(const CIniFile& ini, const TOptionKey& key, COptions& options) {
   if (const auto* text = std::get_if<std::string COptions::*>(&key.member)) {
     const std::string value = ini.GetString(kOptionsSection, key.szName, "");
-    if (!value.empty()) options.** text = CutToBufferSize(value);
+    if (!value.empty()) {
+      options.** text = CutToBufferSize(value);
+    } else if (*key.szDefault != '\0') {
+      options.** text = key.szDefault;
+    }
     return !value.empty();
   }
   const std::optional<int> found = ini.FindInt(kOptionsSection, key.szName);

@@ -44,6 +44,16 @@ struct COptions {
   bool bCustomizedVersion = false;
   bool bEnableManualEngineControl = false;
   bool bScalingWarningDismissed = false;
+  // Where the online tablebase answers ("https", "tablebase.lichess.ovh").
+  std::string sLichessScheme;
+  std::string sLichessHost;
+  // The addresses before the query paths of the problem databases that descriptions link to.
+  std::string sAlbrechtHost;
+  std::string sGameknotHost;
+  std::string sMesonHost;
+  std::string sPdbHost;
+  std::string sChessStarHost;
+  std::string sYacpdbHost;
 
   // Derived from the machine's total physical memory when the file is read.
   std::uint64_t nTempRegQuotaMB = 0;

@@ -18,6 +18,7 @@
 #include "engine/MateSolver.h"
 #include "engine/ProblemSortIndications.h"
 #include "engine/RegisterBinding.h"
+#include "engine/RegisterKey.h"
 
 namespace {
 
@@ -50,11 +51,12 @@ class CRegistryEntry {
   const std::string name;
 };
 
-std::unique_ptr<TChessboardRegister<bool>> MakeTempRegister(const COptions& settings) {
-  auto tempRegister =
-      std::make_unique<TChessboardRegister<bool>>(TChessboardRegister<bool>::MaxElementsForPercent(
-          platform::TotalPhysicalMemoryBytes(), settings.nMaxMemRatioForTempReg));
+std::unique_ptr<TAggregatedTemporaryChessboardRegister> MakeTempRegister(const COptions& settings) {
+  auto tempRegister = std::make_unique<TAggregatedTemporaryChessboardRegister>(
+      TChessboardRegister<bool>::MaxElementsForPercent(platform::TotalPhysicalMemoryBytes(),
+                                                       settings.nMaxMemRatioForTempReg));
   tempRegister->SetLanguage(RegisterLanguageOf(settings.nLanguageId));
+  if (settings.bRegisterInfoLog) tempRegister->SetRegisterLog("registerInfo.log");
   return tempRegister;
 }
 
@@ -117,8 +119,12 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                   .bMirrorSwitch = order.bMirrorSwitch,
                                   .heuristics = order.heuristics,
                                   .bPass2 = order.bPass2});
+  PrepareTablebase(problem);
   if (tempRegister) {
-    if (settings.bClearRegisterOnStartSolving) tempRegister->Clear();
+    const bool bReadForThis =
+        registerReadFor && *registerReadFor == registerkey::Build(problem.start);
+    if (settings.bClearRegisterOnStartSolving && !bReadForThis) tempRegister->Clear();
+    registerReadFor.reset();
     BindRegisterToProblem(*tempRegister, problem.start);
   }
   {
@@ -130,6 +136,19 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   bRunning.store(true);
   solvingThread = std::thread(&CSolvingSession::RunPasses, this);
   return std::nullopt;
+}
+
+void CSolvingSession::PrepareTablebase(const TProblem& problem) {
+  tablebase.reset();
+  tablebaseCache.reset();
+  nTablebaseLevels = TablebaseLevels(problem.nLichessLevels, settings.nLichessLevels);
+  // Only a program that opened the service asks it: tests and tools never go online.
+  if (nTablebaseLevels <= 0 || LiChessService() == nullptr) return;
+  std::error_code error;
+  tablebaseCache = std::make_unique<CLiChessCache>(
+      CLiChessCache::FileOf(std::filesystem::current_path(error), problem.start),
+      GetProgramState().bSecondInstance);
+  tablebase = std::make_unique<COnlineTablebase>(LiChessService(), *tablebaseCache);
 }
 
 void CSolvingSession::RunPasses() {
@@ -156,15 +175,21 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     const CRegistryEntry entry(request.RegistryName(),
                                CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
                                                         static_cast<int>(request.threads.nLevels)));
+    // The moves log does not tell the passes under heuristics apart yet: it names pass 2.
+    const TMovesLogSettings movesLog{.nProblem = request.pProblem->id, .pass = {.nPass = 2}};
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .pRegister = seams.pRegister ? seams.pRegister : tempRegister.get(),
+        .pDoubtful = seams.pRegister ? nullptr : tempRegister.get(),
         .pTables = tables.get(),
+        .pAdvice = tablebase.get(),
+        .nAdviceLevels = nTablebaseLevels,
         .nLevels = static_cast<int>(request.threads.nLevels),
         .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
         .sortIndications = sortsource::ForSolve(
             *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
+        .pMovesLog = settings.bLogMoves ? &movesLog : nullptr,
         .hooks = {.startThread = seams.startThread},
         .heuristicPasses = request.heuristicPasses,
         .bPass2 = request.bPass2,

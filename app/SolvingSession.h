@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -16,6 +17,7 @@
 #include <thread>
 #include <vector>
 
+#include "app/OnlineTablebase.h"
 #include "app/Options.h"
 #include "app/SolverCommands.h"
 #include "app/SolvingEvents.h"
@@ -25,6 +27,7 @@
 #include "engine/HeuristicChoice.h"
 #include "engine/SolvingThread.h"
 #include "problems/Problem.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 #include "registers/ChessboardRegister.h"
 
 class CMateSolver;
@@ -52,6 +55,12 @@ struct TWaitSettings {
 };
 
 enum class EWaitOutcome { Finished, TimedOut };
+
+// What a command on the temporary register did, and the message to show.
+struct TRegisterCommandResult {
+  bool bDone = false;
+  std::string message;
+};
 
 // What a session's solves are built from beyond the settings; tests give failing parts.
 struct TSessionSeams {
@@ -97,6 +106,21 @@ class CSolvingSession {
   const std::vector<std::unique_ptr<SolvingRequest>>& Requests() const { return requests; }
   TThreadSettings DefaultThreads() const { return defaultThreads; }
 
+  // The temporary register's commands. They are refused while a solve runs. A register read
+  // for a problem is kept by the next solve of that problem, even when the settings ask for
+  // an empty register at each start. A file that cannot be read leaves the register as it was.
+  TRegisterCommandResult SaveTemporaryRegister(const TProblem& problem);
+  TRegisterCommandResult SaveTemporaryRegisterAs(const TProblem& problem,
+                                                 const std::filesystem::path& file);
+  TRegisterCommandResult ReadTemporaryRegister(const TProblem& problem);
+  TRegisterCommandResult ReadTemporaryRegisterFrom(const TProblem& problem,
+                                                   const std::filesystem::path& file);
+  TRegisterCommandResult ClearTemporaryRegister();
+  // "TempRegisters/<placement>.ltr" in the working folder: the file of the problem's position.
+  static std::filesystem::path DefaultRegisterFile(const TProblem& problem);
+  // The session's own register; null when the seams gave another.
+  TAggregatedTemporaryChessboardRegister* TemporaryRegister() { return tempRegister.get(); }
+
  private:
   enum class EPauseState { Running, AllPaused, OnePaused };
   enum class EStopRequest { None, User, TimeLimit };
@@ -116,14 +140,25 @@ class CSolvingSession {
   // Makes the solver the target of stop and pause, passing on the requests made so far.
   void SetActiveSolver(CMateSolver* solver);
   void JoinThread();
+  // Opens the tablebase answers kept for the problem when its solve asks the service.
+  void PrepareTablebase(const TProblem& problem);
 
   const COptions settings;
   const TSessionCallbacks callbacks;
   const TThreadSettings defaultThreads;
   const std::string sGuiLogPath;  // where the engine's end is recorded; empty for none
   const TSessionSeams seams;
-  std::unique_ptr<TChessboardRegister<bool>> tempRegister;
+  // Why a register command cannot run now; nothing when it can.
+  std::optional<std::string> RegisterCommandRefusal() const;
+
+  std::unique_ptr<TAggregatedTemporaryChessboardRegister> tempRegister;
+  // The start position of the problem whose register was read last, until its solve starts.
+  std::optional<TChessboardRegisterItem> registerReadFor;
   std::unique_ptr<CTablesService> tables;
+  // The online tablebase of the problem being solved; null when its lookups are off.
+  std::unique_ptr<CLiChessCache> tablebaseCache;
+  std::unique_ptr<COnlineTablebase> tablebase;
+  int nTablebaseLevels = 0;
 
   std::vector<std::unique_ptr<SolvingRequest>> requests;
   std::atomic<bool> bRunning{false};

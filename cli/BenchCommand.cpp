@@ -8,4 +8,6 @@ void AddBenchCommand(CLI::App& app) {
   AddBenchReadCommand(*bench);
   AddBenchSolveCommand(*bench);
   AddBenchMoremoversCommand(*bench);
+  AddBenchFindCommand(*bench);
+  AddBenchMemoryCommand(*bench);
 }

@@ -15,8 +15,16 @@ void AddFormatCommand(CLI::App& app);
 void AddSolveCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 void AddTablesCommand(CLI::App& app);
+void AddDiagramCommand(CLI::App& app);
+void AddImportCommand(CLI::App& app);
+void AddExportCommand(CLI::App& app);
+void AddRegressCommand(CLI::App& app);
+void AddFindCommand(CLI::App& app);
+void AddTablebaseCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
 void AddBenchMoremoversCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
+void AddBenchFindCommand(CLI::App& bench);
+void AddBenchMemoryCommand(CLI::App& bench);

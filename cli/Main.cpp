@@ -13,6 +13,12 @@ int main(int argc, char** argv) {
   AddSolveCommand(app);
   AddBenchCommand(app);
   AddTablesCommand(app);
+  AddDiagramCommand(app);
+  AddImportCommand(app);
+  AddExportCommand(app);
+  AddRegressCommand(app);
+  AddFindCommand(app);
+  AddTablebaseCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -14,8 +14,10 @@
 #include "app/AnswerCheck.h"
 #include "app/FenProblem.h"
 #include "app/Formatting.h"
+#include "app/LiChessHTTP.h"
 #include "app/Options.h"
 #include "app/ProgramState.h"
+#include "app/SolutionReport.h"
 #include "app/SolveTally.h"
 #include "app/SolvingReports.h"
 #include "app/SolvingSession.h"
@@ -24,6 +26,7 @@
 #include "app/ThreadSettings.h"
 #include "app/platform/InterruptWatch.h"
 #include "cli/Commands.h"
+#include "cli/ProgramLifetime.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -47,6 +50,11 @@ struct TSolveArguments {
   bool bNoPass2 = false;
   bool bQuick = false;
   bool bSafe = false;
+  bool bLogMoves = false;
+  bool bTree = false;
+  bool bJson = false;
+  std::string readRegister;  // the temporary register file read before the solve
+  std::string saveRegister;  // where the temporary register is saved after it
 };
 
 [[noreturn]] void BadInput(const std::string& text) {
@@ -109,6 +117,47 @@ std::optional<bool> QuickModeArgument(const TSolveArguments& args) {
   return std::nullopt;
 }
 
+// Prints the whole solution of the keys the pass of the position as given found: as text,
+// or as one line of JSON.
+void PrintSolutionTrees(const CSolvingSession& session, const TProblem& problem,
+                        const TSolveArguments& args) {
+  for (const auto& request : session.Requests()) {
+    const TSolvingResult& result = request->result;
+    if (request->nMirrorPass != 0 || !result.sError.empty() || result.keys.empty()) continue;
+    try {
+      const int nMoves = problem.stipulation.Moves();
+      const auto trees = BuildSolutionTrees(request->board, nMoves, result.keys);
+      if (args.bJson) {
+        std::printf("%s\n", SolutionTreesJson(problem.id, nMoves, trees).c_str());
+        return;
+      }
+      for (const TSolutionMove& tree : trees)
+        for (const std::string& line : SolutionTreeLines(tree)) std::printf("%s\n", line.c_str());
+    } catch (const ChessException& error) {
+      std::printf("Solution tree: %s\n", error.what());
+    }
+    return;
+  }
+}
+
+// Reads the temporary register file asked for; false, after saying why, when it cannot.
+bool ReadRegisterFile(CSolvingSession& session, const TProblem& problem,
+                      const TSolveArguments& args) {
+  if (args.readRegister.empty()) return true;
+  const TRegisterCommandResult read = session.ReadTemporaryRegisterFrom(problem, args.readRegister);
+  std::printf("%s\n", read.message.c_str());
+  return read.bDone;
+}
+
+// Saves the temporary register where asked; false, after saying why, when it cannot.
+bool SaveRegisterFile(CSolvingSession& session, const TProblem& problem,
+                      const TSolveArguments& args) {
+  if (args.saveRegister.empty()) return true;
+  const TRegisterCommandResult saved = session.SaveTemporaryRegisterAs(problem, args.saveRegister);
+  std::printf("%s\n", saved.message.c_str());
+  return saved.bDone;
+}
+
 // Solves one problem and prints what its passes found.
 void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
                   const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
@@ -117,6 +166,11 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   if (problem.stipulation.type != TStipulation::kDirectMate) {
     std::printf("Problem %d skipped: not a direct mate\n\n", problem.id);
     tally.CountSkipped();
+    return;
+  }
+  if (!ReadRegisterFile(session, problem, args)) {
+    std::printf("%s: not solved\n\n", title.c_str());
+    tally.Count({.end = EProblemEnd::Failed});
     return;
   }
   if (const auto refusal = session.Start({.pProblem = &problem,
@@ -148,7 +202,11 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
   PrintPasses(session);
-  tally.Count(ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut));
+  if (args.bTree || args.bJson) PrintSolutionTrees(session, problem, args);
+  // A register that could not be saved fails the problem: what was asked for is not there.
+  const bool bSaved = SaveRegisterFile(session, problem, args);
+  tally.Count(bSaved ? ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut)
+                     : TProblemOutcome{.end = EProblemEnd::Failed});
   if (waited == EWaitOutcome::TimedOut)
     std::printf("Time limit of %d s reached: problem %d not finished\n", args.nTimeLimitSeconds,
                 problem.id);
@@ -187,18 +245,6 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
   return problems;
 }
 
-// Start-up and shut-down around the command, as for the window.
-class CProgramLifetime {
- public:
-  CProgramLifetime() {
-    for (const std::string& note : StartProgram(std::filesystem::current_path()))
-      std::cerr << note << "\n";
-  }
-  ~CProgramLifetime() { ShutDownProgram(); }
-  CProgramLifetime(const CProgramLifetime&) = delete;
-  CProgramLifetime& operator=(const CProgramLifetime&) = delete;
-};
-
 // Refuses options that belong to the other kind of source: a file, or a FEN with --mate.
 void CheckSource(const TSolveArguments& args) {
   if (args.fen.empty() == args.file.empty()) BadInput("Give either a problem file or --fen");
@@ -207,6 +253,9 @@ void CheckSource(const TSolveArguments& args) {
     BadInput("--mate goes with --fen; a file's problems have their own");
   if (!args.fen.empty() && !args.problemIds.empty())
     BadInput("--problem picks problems of a file, not of --fen");
+  if ((!args.readRegister.empty() || !args.saveRegister.empty()) && args.fen.empty() &&
+      args.problemIds.size() != 1)
+    BadInput("--read-register and --save-register go with one problem: --fen or one --problem");
 }
 
 std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
@@ -224,8 +273,12 @@ void RunSolve(const TSolveArguments& args) {
   if (args.bQuick && args.bSafe) BadInput("--quick and --safe exclude each other");
   const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
+  if (args.bLogMoves) Options().bLogMoves = true;
   CProgramLifetime lifetime;
   ApplyLanguage(Options().nLanguageId);
+  // Problems of up to seven pieces ask the online tablebase at their first levels.
+  OpenLiChessService(LiChessSettingsFromOptions(Options()),
+                     [](const std::string& message) { std::cerr << message << "\n"; });
   TProblemCollection collection;
   std::unique_ptr<TProblem> fenProblem;
   const std::vector<const TProblem*> problems = SelectProblems(args, collection, fenProblem);
@@ -283,5 +336,14 @@ void AddSolveCommand(CLI::App& app) {
   command->add_flag("--no-pass2", args->bNoPass2, "skip the pass without heuristics");
   command->add_flag("--quick", args->bQuick, "quick mode, whatever the settings say");
   command->add_flag("--safe", args->bSafe, "safe mode, whatever the settings say");
+  command->add_flag("--log-moves", args->bLogMoves,
+                    "write the searched tree to MovesLogger_problem<N>_thread<T>.log files");
+  command->add_flag("--tree", args->bTree,
+                    "print the main variation and the whole solution of the keys found");
+  command->add_flag("--json", args->bJson, "print the whole solution as one line of JSON");
+  command->add_option("--read-register", args->readRegister,
+                      "start from the temporary register saved in this file");
+  command->add_option("--save-register", args->saveRegister,
+                      "save the temporary register to this file after the solve");
   command->callback([args] { RunSolve(*args); });
 }

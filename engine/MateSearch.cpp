@@ -36,7 +36,9 @@ CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
       whiteOrder((rootPlies / 2 + 1u) * kMoveBufferSize),
       repetitionMarks(rootPlies + 1u, 0),
       whiteKillers(rootPlies + 1u),
-      blackKillers(rootPlies + 1u) {}
+      blackKillers(rootPlies + 1u),
+      logger(searchContext.pMovesLog ? std::make_unique<CMovesLogger>(*searchContext.pMovesLog)
+                                     : nullptr) {}
 
 MateResult CMateSearch::FindMate(const TChessboard& board) {
   return board.IsWhiteToMove() ? WhiteNode(board) : BlackNode(board);
@@ -48,13 +50,31 @@ int CMateSearch::OrderedWhiteChildren(const TChessboard& board, TChessboard*& ch
   assert(slot + kMoveBufferSize <= whiteChildren.size() && board.ply < whiteKillers.size());
   children = &whiteChildren[slot];
   order = &whiteOrder[slot];
-  if (context.pHints != nullptr) {
-    if (const std::uint16_t moveNumber = context.pHints->MoveNumberAt(board))
-      return ordering::MakeHintedWhiteChildren(
-          board, children, &whiteOrder[slot], whiteKillers[board.ply], *context.pHints, moveNumber);
+  int n = 0;
+  const std::uint16_t moveNumber =
+      context.pHints != nullptr ? context.pHints->MoveNumberAt(board) : std::uint16_t{0};
+  if (moveNumber != 0) {
+    n = ordering::MakeHintedWhiteChildren(board, children, &whiteOrder[slot],
+                                          whiteKillers[board.ply], *context.pHints, moveNumber);
+  } else {
+    n = ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
+                                           whiteKillers[board.ply]);
   }
-  return ordering::MakeOrderedWhiteChildren(board, children, &whiteOrder[slot],
-                                            whiteKillers[board.ply]);
+  return SkipAdvisedMoves(board, children, &whiteOrder[slot], n);
+}
+
+int CMateSearch::SkipAdvisedMoves(const TChessboard& board, const TChessboard* children,
+                                  TMoveIndex* order, int n) const {
+  if (context.pAdvice == nullptr || n == 0 ||
+      board.rootPlies - board.ply >= 2 * context.nAdviceLevels)
+    return n;
+  const std::vector<TMove> skipped = context.pAdvice->MovesThatCannotWin(board);
+  if (skipped.empty()) return n;
+  const auto cannotWin = [&](TMoveIndex i) {
+    return std::any_of(skipped.begin(), skipped.end(),
+                       [&](const TMove& move) { return move.SameMove(children[i].lastMove); });
+  };
+  return static_cast<int>(std::remove_if(order, order + n, cannotWin) - order);
 }
 
 bool CMateSearch::MayGoOn() {
@@ -96,26 +116,55 @@ void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
 }
 
-void CMateSearch::FileDoubtful(const TChessboard& board) {
-  if (Interrupted() || context.nPass != 1 || context.pDoubtfulStore == nullptr ||
-      !context.HasHeuristics() || !UsesRegister(board))
-    return;
-  context.pDoubtfulStore->StoreDoubtful(board.ply, registerkey::Build(board), HeuristicsKey());
-}
-
 void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
   if (Interrupted() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
   context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
 }
 
+std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
+  if (context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
+      registerkey::HasEnPassantRight(board))
+    return std::nullopt;
+  const std::uint8_t known = context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply,
+                                                             registerkey::Build(board));
+  if (known == kDoubtfulMate) return mate::kMate;
+  if (known != kDoubtfulCut) return std::nullopt;
+  context.NoteDoubtful(kDoubtfulFromStore);
+  return mate::kDoubtful;
+}
+
+void CMateSearch::FileDoubtful(const TChessboard& board) {
+  // An interrupted search was cut by the stop, not by the selection.
+  if (Interrupted() || context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
+      registerkey::HasEnPassantRight(board))
+    return;
+  context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, registerkey::Build(board),
+                                    false);
+}
+
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
+  const MateResult result = SearchWhiteNode(board);
+  LogResult(board, result);
+  return result;
+}
+
+MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
-  if (const auto known = ProbeTables(board)) return *known;
+  if (const auto known = ProbeTables(board)) {
+    if (logger && *known == mate::kMate)
+      logger->TextLine(board,
+                       "QuickerMate with AdditionalMoves found (with glob.reg./Nalimov lookup)");
+    return *known;
+  }
   if (UsesRegister(board)) {
     const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
-    if (known == 1) return mate::kMate;
+    if (known == 1) {
+      if (logger) logger->TextLine(board, "Mate found (pos.in temp.reg.)");
+      return mate::kMate;
+    }
     if (known == 0) return mate::kNoMate;
   }
+  if (const auto doubtful = FindDoubtful(board)) return *doubtful;
   if (context.HasHeuristics()) {
     if (const auto cut = HeuristicCut(board)) return *cut;
   }
@@ -152,21 +201,12 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
 }
 
 std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
-  if (context.nPass == 1 && context.pDoubtfulStore != nullptr && UsesRegister(board) &&
-      context.pDoubtfulStore->FindDoubtful(board.ply, registerkey::Build(board), HeuristicsKey())) {
-    context.NoteDoubtful(kDoubtfulFromStore);
-    return mate::kDoubtful;
-  }
   const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
   if (bit == 0) return std::nullopt;
   // The mate in one is looked for first: a restriction never hides an immediate mate.
   if (MateInOne(board)) return mate::kMate;
   context.NoteDoubtful(bit);
   return mate::kDoubtful;
-}
-
-THeuristicsKey CMateSearch::HeuristicsKey() const {
-  return {context.heuristics.set.mask, context.heuristics.set.Params()};
 }
 
 MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
@@ -183,6 +223,7 @@ MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
 
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
+  LogMove(*child.parent, child.lastMove, &child);
   if (context.HasHeuristics()) {
     if (const std::uint32_t bit = heuristicrules::WhiteMoveBreaks(child, context.heuristics)) {
       context.NoteDoubtful(bit);
@@ -271,6 +312,12 @@ MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16
 }
 
 MateResult CMateSearch::BlackNode(const TChessboard& board) {
+  const MateResult result = SearchBlackNode(board);
+  LogResult(board, result);
+  return result;
+}
+
+MateResult CMateSearch::SearchBlackNode(const TChessboard& board) {
   if (!MayGoOn()) return mate::kDoubtful;
   if (board.ply == 0)
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
@@ -281,9 +328,12 @@ MateResult CMateSearch::BlackNode(const TChessboard& board) {
     if (bDefence == 0) return mate::kMate;
     if (bDefence == 1) return mate::kNoMate;
   }
+  if (const auto doubtful = FindDoubtful(board)) return *doubtful;
   const MateResult result = SearchBlackReplies(board);
   if (result == mate::kMate || result == mate::kNoMate)
     FileDefence(board, result == mate::kMate ? 0 : 1);
+  else if (result == mate::kDoubtful)
+    FileDoubtful(board);
   return result;
 }
 
@@ -317,9 +367,13 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   TChessboard& child = line[board.ply];
   child = board;
   child.parent = &board;
-  if (movemaking::MakeBlackMove(child, reply) <= 0) return std::nullopt;
+  if (movemaking::MakeBlackMove(child, reply) <= 0) {
+    LogMove(board, reply, nullptr);
+    return std::nullopt;
+  }
   ++nLegal;
   CountPosition();
+  LogMove(board, reply, &child);
   MateResult result;
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
@@ -350,7 +404,12 @@ bool CMateSearch::MateInOne(const TChessboard& board) {
     child.parent = &board;
     if (movemaking::MakeWhiteMove(child, moves[i]) <= 0) continue;
     CountPosition();
-    if (child.IsBlackInCheck() && !movemaking::HasLegalMove(child)) return true;
+    const bool bMated = child.IsBlackInCheck() && !movemaking::HasLegalMove(child);
+    if (logger) {
+      logger->MoveLine(board, moves[i], &child);
+      LogResult(child, bMated ? mate::kMate : mate::kNoMate);
+    }
+    if (bMated) return true;
   }
   return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,6 +35,20 @@ class CMateSearch {
   // pass: then doubtful, or mate when White mates at once all the same.
   MateResult WhiteNodeAfterReply(const TChessboard& child);
 
+  // The moves log of this thread, written only when the solve logs moves. These write what
+  // the root search walks outside this search's own recursion; what an interrupted search
+  // returns is no result.
+  void LogResult(const TChessboard& board, MateResult result) {
+    if (logger && !Interrupted()) logger->ResultLine(board, result, doubtfulReason);
+  }
+  void LogMove(const TChessboard& mover, TMove move, const TChessboard* made) {
+    if (logger) logger->MoveLine(mover, move, made);
+  }
+  // The log file this thread writes: a number of its own for each kind of work it takes up.
+  void SetLogThread(int nThread) {
+    if (logger) logger->SetThread(nThread);
+  }
+
   // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
   void SetPausedAlone(bool bPaused);
   // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.
@@ -56,6 +71,8 @@ class CMateSearch {
                            const TMoveIndex*& order);
 
  private:
+  MateResult SearchWhiteNode(const TChessboard& board);
+  MateResult SearchBlackNode(const TChessboard& board);
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);
   MateResult SearchBlackReplies(const TChessboard& board);
@@ -70,17 +87,23 @@ class CMateSearch {
     nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
   }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
-  // Files a White failure under heuristics, for the rest of the pass.
-  void FileDoubtful(const TChessboard& board);
-  // Doubtful (or mate in one) when the pass's restrictions or its doubtful store cut this
-  // White node; nothing when it is to be searched.
+  // Doubtful (or mate in one) when the pass's restrictions cut this White node; nothing when
+  // it is to be searched.
   std::optional<MateResult> HeuristicCut(const TChessboard& board);
-  THeuristicsKey HeuristicsKey() const;
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
+  // What the doubtful answers of the pass's selection say of board: mate, doubtful (noted as
+  // the store's), or nothing.
+  std::optional<MateResult> FindDoubtful(const TChessboard& board) const;
+  // Files that the search of board under the pass's selection was cut.
+  void FileDoubtful(const TChessboard& board);
   // The exact answer of the endgame tables for a position they hold: mate when White mates
   // within the plies left.
   std::optional<MateResult> ProbeTables(const TChessboard& board) const;
+  // Drops from order the White children that the advice says cannot win; returns how many
+  // are left.
+  int SkipAdvisedMoves(const TChessboard& board, const TChessboard* children, TMoveIndex* order,
+                       int n) const;
   // Parks the thread while the solve or this thread is paused; false when it must give up.
   bool MayGoOn();
   bool IsPaused() const {
@@ -98,4 +121,7 @@ class CMateSearch {
   std::atomic<bool> bPausedAlone{false};
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
+  std::unique_ptr<CMovesLogger> logger;
+  // Why the last doubtful result was doubtful: a node that cuts a line sets it.
+  std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;
 };

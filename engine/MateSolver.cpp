@@ -17,10 +17,9 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
-  if (settings.pRegister != nullptr) {
-    doubtfulStore = std::make_unique<CRegisterDoubtfulStore>(*settings.pRegister);
-    context.pDoubtfulStore = doubtfulStore.get();
-  }
+  context.pAdvice = settings.pAdvice;
+  context.nAdviceLevels = settings.nAdviceLevels;
+  context.pMovesLog = settings.pMovesLog;
   if (!hints.IsEmpty()) context.pHints = &hints;
   BeginPass(settings.heuristicPasses.empty()
                 ? TPassInfo{}
@@ -42,6 +41,14 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
   }
   context.nPass = next.nPass;
   context.heuristics = THeuristicContext(next.heuristics, root);
+  // A pass under heuristics files and finds the doubtful answers of its own selection; the
+  // pass without them searches such positions out, unless the caller chose a selection itself.
+  const bool bHeuristicPass = next.nPass == 1;
+  const bool bCallersSelection = !bHeuristicPass && settings.heuristicPasses.empty();
+  context.pDoubtful = bHeuristicPass || bCallersSelection ? settings.pDoubtful : nullptr;
+  context.doubtfulSelection =
+      bHeuristicPass ? MakeHeuristicsKey(next.heuristics.mask, next.heuristics.Params())
+                     : settings.doubtfulSelection;
   // Under heuristics a repeated position ends its line at once; the pass without them cuts
   // only in quick mode or when asked.
   context.bCutRepetitions = next.nPass == 1 || settings.bQuickMode || bRepetitionCutAsked;

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "core/Chessboard.h"
-#include "engine/DoubtfulStore.h"
 #include "engine/HeuristicSet.h"
 #include "engine/RootSearch.h"
 #include "engine/SearchContext.h"
@@ -34,7 +33,15 @@ class CMateSolver {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
+    // Where the passes under heuristics file and find the doubtful answers of their selection
+    // (see SearchContext); none when null. A solve without such passes consults the answers
+    // of doubtfulSelection.
+    TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
+    THeuristicsKey doubtfulSelection = 0;
     CTableProbe* pTables = nullptr;
+    // White moves skipped at the first levels (see SearchContext).
+    CWhiteMoveAdvice* pAdvice = nullptr;
+    int nAdviceLevels = 0;
     // Multithreading levels: t threads at each of L levels make up to t^L threads. The
     // engine runs that many workers and shares the work at any depth (see CRootSearch).
     int nLevels = 1;
@@ -42,6 +49,8 @@ class CMateSolver {
     bool bShareFirstMoves = true;
     // Which White moves to try first (see CWhiteMoveHints); the keys found do not depend on it.
     TSortIndications sortIndications = {};
+    // Where the threads log the moves they search; null for no log. Must outlive the solve.
+    const TMovesLogSettings* pMovesLog = nullptr;
     TRootHooks hooks = {};
     // The passes under heuristics, in order; none leaves the pass without heuristics alone.
     std::vector<THeuristicSet> heuristicPasses = {};
@@ -89,7 +98,7 @@ class CMateSolver {
     return settings.pRegister != nullptr ? settings.pRegister->GetElementsIn() : 0;
   }
   std::uint32_t DoubtfulElements() const {
-    return doubtfulStore != nullptr ? doubtfulStore->StoredCount() : 0;
+    return settings.pDoubtful != nullptr ? settings.pDoubtful->GetDoubtfulElementsIn() : 0;
   }
   // Why the last doubtful node was doubtful (see SearchContext).
   std::uint32_t DoubtfulReason() const { return context.doubtfulReason.load(); }
@@ -108,7 +117,6 @@ class CMateSolver {
   TSettings settings;
   CWhiteMoveHints hints;
   SearchContext context;
-  std::unique_ptr<CRegisterDoubtfulStore> doubtfulStore;
   // Every pass's root search, kept while the solver lives so that readers in other threads
   // never see one go.
   std::vector<std::unique_ptr<CRootSearch>> searches;

@@ -9,3 +9,9 @@ bool BindRegisterToProblem(TChessboardRegister<bool>& reg, const TChessboard& st
   return reg.BindToProblem(registerkey::Build(start),
                            workingFolder / solvedpositions::FileName(TChessboardId(start)));
 }
+
+void AdoptRegisterProblem(TChessboardRegister<bool>& reg, const TChessboard& start,
+                          const std::filesystem::path& workingFolder) {
+  reg.AdoptProblem(registerkey::Build(start),
+                   workingFolder / solvedpositions::FileName(TChessboardId(start)));
+}

@@ -10,3 +10,8 @@
 // Returns whether the register changed problems.
 bool BindRegisterToProblem(TChessboardRegister<bool>& reg, const TChessboard& start,
                            const std::filesystem::path& workingFolder = {});
+
+// Binds the register to the problem without emptying it, for a register read from a file of
+// that problem.
+void AdoptRegisterProblem(TChessboardRegister<bool>& reg, const TChessboard& start,
+                          const std::filesystem::path& workingFolder = {});

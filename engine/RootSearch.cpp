@@ -37,6 +37,7 @@ TRootOutcome CRootSearch::Run(int nMaxSolutions) {
   for (auto& thread : threads) thread->Join();
   if (failure) std::rethrow_exception(failure);
   TRootOutcome outcome = Collect();
+  searches[0]->LogResult(root, outcome.result);
   if (!bStarted) {
     outcome.nErrorCode = kThreadStartFailed;
     outcome.result = mate::kDoubtful;
@@ -86,6 +87,7 @@ void CRootSearch::Work(int worker) {
     if (search.Interrupted() || queue.AllDone()) return;
     const int index = queue.Take(worker);
     if (index >= 0) {
+      search.SetLogThread(worker);
       Evaluate(worker, index);
       continue;
     }
@@ -96,6 +98,9 @@ void CRootSearch::Work(int worker) {
     TRootTask* task = split == nullptr && bShareFirstMoves ? queue.FindTaskToHelp() : nullptr;
     if (split == nullptr && task == nullptr) context.run.WaitForChange(seen);
     splitBoard.SetIdle(false);
+    // What a thread searches for another goes to a log file of its own.
+    if (split != nullptr || task != nullptr)
+      search.SetLogThread(worker + static_cast<int>(searches.size()));
     if (split != nullptr) {
       const CSplitBoard::CHelping helping(splitBoard, *split);
       search.HelpAt(*split);
@@ -108,8 +113,14 @@ void CRootSearch::Work(int worker) {
 void CRootSearch::Evaluate(int worker, int index) {
   if (hooks.onMoveTaken) hooks.onMoveTaken(index);
   CMateSearch& search = *searches[worker];
-  MateResult result = SearchMove(search, queue.Task(index));
+  TRootTask& task = queue.Task(index);
+  search.LogMove(root, task.child.lastMove, &task.child);
+  MateResult result = SearchMove(search, task);
   if (search.Interrupted() && result != mate::kMate) result = mate::kDoubtful;
+  // A mate in one is settled by the Black node itself, which logged it; a move cut short
+  // by a stop or given up has no result.
+  if (task.child.ply != 0 && (result != mate::kDoubtful || task.bRefuted))
+    search.LogResult(task.child, result);
   const bool bCutByStop = result == mate::kDoubtful && context.run.IsStopping();
   const bool bSettled = queue.Settle(index, result, bCutByStop);
   context.run.Notify();  // a move to take again, a cut, or the last move done
@@ -164,6 +175,7 @@ void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
   for (;;) {
     const int i = task.nNextReply.fetch_add(1);
     if (i >= static_cast<int>(task.replies.size()) || search.Interrupted()) break;
+    search.LogMove(task.child, task.replies[i].lastMove, &task.replies[i]);
     const MateResult result = search.WhiteNodeAfterReply(task.replies[i]);
     if (search.Interrupted()) break;
     if (result == mate::kMate) continue;

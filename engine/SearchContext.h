@@ -2,10 +2,12 @@
 #include <atomic>
 #include <cstdint>
 
-#include "engine/DoubtfulStore.h"
 #include "engine/HeuristicRules.h"
+#include "engine/MovesLogger.h"
 #include "engine/RunControl.h"
+#include "engine/WhiteMoveAdvice.h"
 #include "engine/WhiteMoveHints.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 #include "registers/ChessboardRegister.h"
 #include "registers/TableProbe.h"
 
@@ -13,10 +15,19 @@
 struct SearchContext {
   CRunControl run;
   TChessboardRegister<bool>* pRegister = nullptr;
+  // Where the doubtful answers of this pass's heuristics selection are found and filed; null
+  // in a pass that must search such positions out (pass 2). A stored cut makes a node doubtful.
+  TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
+  // The selection those answers are filed under: the pass's heuristics and their parameters.
+  THeuristicsKey doubtfulSelection = 0;
   // The problem's sort indications for White's moves; null when it gives none.
   const CWhiteMoveHints* pHints = nullptr;
   // Exact values of small endings; null when the solve has no tables.
   CTableProbe* pTables = nullptr;
+  // The White moves that cannot win, asked in the positions of the first nAdviceLevels levels
+  // of White moves (1: the root only); null when the solve has no such oracle.
+  CWhiteMoveAdvice* pAdvice = nullptr;
+  int nAdviceLevels = 0;
   // Cut a line that returns to a position already on it (see CMateSearch). The exact search
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
@@ -26,8 +37,6 @@ struct SearchContext {
   int nPass = 2;
   // The restrictions of this pass; an empty mask restricts nothing.
   THeuristicContext heuristics;
-  // Where this pass files the positions it left doubtful; null for none. Pass 2 never asks it.
-  IDoubtfulStore* pDoubtfulStore = nullptr;
   // Why the last node that turned out doubtful did: a heuristic's bit, or 0xFFFFFFFF for a
   // doubtful answer found in the store.
   std::atomic<std::uint32_t> doubtfulReason{0};
@@ -39,6 +48,8 @@ struct SearchContext {
   void NoteDoubtful(std::uint32_t reason) {
     doubtfulReason.store(reason, std::memory_order_relaxed);
   }
+  // Where each thread writes the tree it walks; null when the moves are not logged.
+  const TMovesLogSettings* pMovesLog = nullptr;
 };
 
 // The doubtful reason of an answer taken from the store of doubtful answers.

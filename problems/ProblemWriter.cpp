@@ -106,17 +106,6 @@ bool ReadsBackAsAnswer(const std::string& text, TMove move, bool bWhite) {
   }
 }
 
-// An answer in the long notation of the diagram ("Qd1:d8", "0-0") when that reads back as the
-// same move; the diagram need not hold what the answer names (an empty d1, no king on e1, a
-// castling of the other side, a promotion to a pawn), and then the squares alone are written.
-std::string AnswerText(const TChessboard& start, TMove move) {
-  const std::string text = notation::MoveToText(start, move);
-  if (ReadsBackAsAnswer(text, move, start.IsWhiteToMove())) return text;
-  std::string squares = notation::SquareToText(move.from) + "-" + notation::SquareToText(move.to);
-  if (move.promotion != piece::kEmpty) squares += letters::TypeToLetter(move.promotion);
-  return squares;
-}
-
 void AppendBody(std::string& out, const TProblem& p) {
   out += "{\n";
   if (!p.description.empty()) out += "\tDescription: " + OneLine(p.description) + "\n";
@@ -139,6 +128,17 @@ void AppendBody(std::string& out, const TProblem& p) {
 }
 
 }  // namespace
+
+// An answer in the long notation of the diagram ("Qd1:d8", "0-0") when that reads back as the
+// same move; the diagram need not hold what the answer names (an empty d1, no king on e1, a
+// castling of the other side, a promotion to a pawn), and then the squares alone are written.
+std::string AnswerText(const TChessboard& start, TMove move) {
+  const std::string text = notation::MoveToText(start, move);
+  if (ReadsBackAsAnswer(text, move, start.IsWhiteToMove())) return text;
+  std::string squares = notation::SquareToText(move.from) + "-" + notation::SquareToText(move.to);
+  if (move.promotion != piece::kEmpty) squares += letters::TypeToLetter(move.promotion);
+  return squares;
+}
 
 void AppendProblem(std::string& out, const TProblem& problem) {
   out += '\n';

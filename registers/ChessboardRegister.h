@@ -60,7 +60,7 @@ class TChessboardRegister<bool> {
   // worth their room: the register stops filing move counts below 4.
   virtual void EmptySomeDataWhenRegisterFull(bool bForce);
   // Empties the register; it is then bound to no problem.
-  void Clear();
+  virtual void Clear();
   void Compact();
   // The language of the messages the register throws; English until told otherwise.
   void SetLanguage(ERegisterLanguage value) { language.store(value, std::memory_order_relaxed); }
@@ -70,6 +70,10 @@ class TChessboardRegister<bool> {
   // whose records contradict each other proves nothing: the register is left empty.
   bool BindToProblem(const TChessboardRegisterItem& problemKey,
                      const std::filesystem::path& solvedPositionsFile);
+  // Binds the register to a problem without emptying it: what it holds was read for that
+  // problem from elsewhere.
+  void AdoptProblem(const TChessboardRegisterItem& problemKey,
+                    const std::filesystem::path& solvedPositionsFile);
   // Writes every entry to the file of the problem bound last, replacing it as a whole and
   // creating its folder; returns how many were written, nothing when no problem is bound.
   // Throws std::filesystem::filesystem_error or std::ios_base::failure when it cannot.
@@ -80,6 +84,14 @@ class TChessboardRegister<bool> {
   std::uint64_t LoadSolvedPositions(const std::filesystem::path& file);
   // Writes every entry in the same record format; returns how many were written.
   std::uint64_t SaveSolvedPositions(const std::filesystem::path& file) const;
+
+  // Calls visit(key, info) for every exact entry, a part of the store at a time under its lock.
+  template <typename Visitor>
+  void ForEachEntry(Visitor visit) const {
+    store.ForEach(visit);
+  }
+  // Off while entries known to be coherent are read in, which then need no pruning.
+  void SetCoherencyPruning(bool bOn) { bCoherencyPruning.store(bOn, std::memory_order_relaxed); }
 
   std::uint32_t MaxElements() const { return nMaxElements.load(std::memory_order_relaxed); }
   bool RegistersFewMovers() const { return bRegisterFewMovers.load(std::memory_order_relaxed); }
@@ -92,6 +104,13 @@ class TChessboardRegister<bool> {
  protected:
   // Receives the register's diagnostic lines; the grouping register writes them to its log.
   virtual void WriteRegisterLog(const char* message);
+  // Whether the counted register (the owner, if any) has room, after freeing some if not.
+  bool HasRoom();
+  std::uint32_t FreeRoom() const;
+  // Erases the exact entries of move counts up to n; returns how many went.
+  std::uint64_t RemoveExactUpTo(std::uint16_t n) { return store.RemoveUpTo(n); }
+  // Exact entries with Black to move, which ElementsIn leaves out.
+  std::uint32_t BlackToMoveElementsIn() const { return store.BlackToMoveCount(); }
 
   std::atomic<std::uint32_t> ElementsIn{0};
   std::atomic<std::uint32_t> DoubtfulElementsIn{0};
@@ -103,8 +122,6 @@ class TChessboardRegister<bool> {
  private:
   void InsertAnswer(std::uint16_t n, const TChessboardRegisterItem& key, std::uint32_t answer,
                     const std::uint32_t* heuristics, bool bCompact, bool bDefence);
-  bool HasRoom();
-  std::uint32_t FreeRoom() const;
   // Longest move count that eviction must drop, with all shorter ones, to free a fifth.
   std::uint16_t EvictionLimit(const std::vector<std::uint64_t>& countByMoves) const;
   void RaisePeak(std::uint32_t nElements);

@@ -28,15 +28,23 @@ TShardInsertion CRegisterShards::Insert(const TChessboardRegisterItem& key,
   if ((info.nMoves & 1) != 0) {
     ++shard.nWhiteToMove;
     whiteToMoveCount.fetch_add(1, std::memory_order_relaxed);
+  } else {
+    ++shard.nBlackToMove;
+    blackToMoveCount.fetch_add(1, std::memory_order_relaxed);
   }
-  if (bPrune) Uncount(shard, entries.PruneRedundant(info, bDefence).nWhiteToMove);
+  if (bPrune) Uncount(shard, entries.PruneRedundant(info, bDefence));
   return result;
 }
 
-void CRegisterShards::Uncount(TShard& shard, std::uint64_t nWhiteToMove) {
-  if (nWhiteToMove == 0) return;
-  shard.nWhiteToMove -= nWhiteToMove;
-  whiteToMoveCount.fetch_sub(static_cast<std::uint32_t>(nWhiteToMove), std::memory_order_relaxed);
+void CRegisterShards::Uncount(TShard& shard, const TErasedEntries& erased) {
+  const std::uint64_t nBlackToMove = erased.nAll - erased.nWhiteToMove;
+  shard.nWhiteToMove -= erased.nWhiteToMove;
+  shard.nBlackToMove -= nBlackToMove;
+  if (erased.nWhiteToMove != 0)
+    whiteToMoveCount.fetch_sub(static_cast<std::uint32_t>(erased.nWhiteToMove),
+                               std::memory_order_relaxed);
+  if (nBlackToMove != 0)
+    blackToMoveCount.fetch_sub(static_cast<std::uint32_t>(nBlackToMove), std::memory_order_relaxed);
 }
 
 std::uint64_t CRegisterShards::RemoveUpTo(std::uint16_t n) {
@@ -46,7 +54,7 @@ std::uint64_t CRegisterShards::RemoveUpTo(std::uint16_t n) {
     shard.table.UpdateAll([&](CRegisterEntries& entries) {
       const TErasedEntries erased = entries.RemoveUpTo(n);
       nRemoved += erased.nAll;
-      Uncount(shard, erased.nWhiteToMove);
+      Uncount(shard, erased);
     });
   }
   return nRemoved;
@@ -68,7 +76,7 @@ std::vector<std::uint64_t> CRegisterShards::CountByMoves(std::uint16_t nLast) co
 void CRegisterShards::Clear() {
   for (TShard& shard : shards) {
     std::unique_lock lock(shard.mutex);
-    Uncount(shard, shard.nWhiteToMove);
+    Uncount(shard, {shard.nWhiteToMove + shard.nBlackToMove, shard.nWhiteToMove});
     shard.table.Clear();
   }
 }

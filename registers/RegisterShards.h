@@ -36,6 +36,10 @@ class CRegisterShards {
                          bool bDefence, bool bPrune);
   // Erases every entry whose move count is at most n; returns how many went.
   std::uint64_t RemoveUpTo(std::uint16_t n);
+  // Entries with Black to move (even move counts), which the shared count leaves out.
+  std::uint32_t BlackToMoveCount() const {
+    return blackToMoveCount.load(std::memory_order_relaxed);
+  }
   // Number of entries per move count, for move counts 0 to nLast (longer ones are not counted).
   std::vector<std::uint64_t> CountByMoves(std::uint16_t nLast) const;
   void Clear();
@@ -58,11 +62,13 @@ class CRegisterShards {
     mutable std::shared_mutex mutex;
     CRegisterTable table;
     std::uint64_t nWhiteToMove = 0;  // this shard's share of the shared count
+    std::uint64_t nBlackToMove = 0;  // and of the count of Black-to-move entries
   };
 
   static std::size_t ShardIndex(std::uint64_t hash) { return hash >> (64 - kShardBits); }
-  void Uncount(TShard& shard, std::uint64_t nWhiteToMove);
+  void Uncount(TShard& shard, const TErasedEntries& erased);
 
   std::vector<TShard> shards;
   std::atomic<std::uint32_t>& whiteToMoveCount;
+  std::atomic<std::uint32_t> blackToMoveCount{0};
 };

@@ -45,6 +45,12 @@ bool TChessboardRegister<bool>::BindToProblem(const TChessboardRegisterItem& pro
   return true;
 }
 
+void TChessboardRegister<bool>::AdoptProblem(const TChessboardRegisterItem& problemKey,
+                                             const std::filesystem::path& solvedPositionsFile) {
+  boundProblem = problemKey;
+  boundFile = solvedPositionsFile;
+}
+
 std::optional<std::uint64_t> TChessboardRegister<bool>::SaveBoundProblem() const {
   if (!boundProblem) return std::nullopt;
   if (boundFile.has_parent_path()) std::filesystem::create_directories(boundFile.parent_path());

@@ -3,14 +3,18 @@
 # Usage: scripts/install-deps.sh [--bench] [--fuzz]
 #   --bench: also Google Benchmark and liblz4 (the codec benchmark's baseline), for bench/
 #   --fuzz:  also clang and its runtime libraries (libFuzzer, sanitizers), for scripts/fuzz.sh
+#   --gui:   also Qt 6 Widgets for longmate-gui, and Xvfb for its tests and screenshots
 set -euo pipefail
 # gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
+# librsvg2-dev and the DejaVu fonts: diagrams drawn as PNG.
 packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libcli11-dev libcurl4-openssl-dev
-  gaviotatb libgaviotatb-dev zlib1g-dev)
+  gaviotatb libgaviotatb-dev zlib1g-dev librsvg2-dev pkg-config fonts-dejavu-core)
 for option in "$@"; do
   case "$option" in
     --bench) packages+=(libbenchmark-dev liblz4-dev pkg-config) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
+    --gui) packages+=(qt6-base-dev qt6-l10n-tools qt6-tools-dev xvfb xauth
+      fonts-dejavu-core) ;;
     *) echo "Unknown option: $option" >&2; exit 2 ;;
   esac
 done

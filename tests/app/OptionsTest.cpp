@@ -61,7 +61,15 @@ TEST(Options, WithoutAFileEveryDefaultApplies) {
                                                     {"LogToFileTmpRegLoad", "1"},
                                                     {"CustomizedVersion", "0"},
                                                     {"EnableManualEngineControl", "0"},
-                                                    {"ScalingWarningDismissed", "0"}};
+                                                    {"ScalingWarningDismissed", "0"},
+                                                    {"LichessScheme", "https"},
+                                                    {"LichessHost", "tablebase.lichess.ovh"},
+                                                    {"AlbrechtHost", "https://www.dieschwalbe.de/"},
+                                                    {"GameknotHost", "https://gameknot.com/"},
+                                                    {"MesonHost", "https://www.bstephen.me.uk"},
+                                                    {"PdbHost", "https://www.softdecc.com/pdb/"},
+                                                    {"ChessStarHost", "https://www.chessstar.com"},
+                                                    {"YacpdbHost", "https://www.yacpdb.org"}};
   std::vector<std::string> warnings;
   const COptions options = Loaded("", &warnings);
   EXPECT_EQ(EffectiveValues(options), expected);
@@ -77,7 +85,8 @@ TEST(Options, KeysAreReadInTheirFileOrder) {
   EXPECT_EQ(names.front(), "LanguageId");
   EXPECT_EQ(names[3], "SchedulerLevels");
   EXPECT_EQ(names[24], "PrecalcPath");
-  EXPECT_EQ(names.back(), "ScalingWarningDismissed");
+  EXPECT_EQ(names[30], "ScalingWarningDismissed");
+  EXPECT_EQ(names.back(), "YacpdbHost");
 }
 
 TEST(Options, FileValuesAndTheirQuirks) {

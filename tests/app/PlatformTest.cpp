@@ -9,12 +9,14 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "app/ProcessControl.h"
 #include "app/ProgramState.h"
 #include "app/TempFolder.h"
 #include "app/platform/Affinity.h"
 #include "app/platform/Machine.h"
+#include "app/platform/ProcessMemory.h"
 #include "app/platform/ProcessPriority.h"
 #include "app/platform/SingleInstanceLock.h"
 
@@ -33,6 +35,20 @@ TEST(Machine, CoresAreDistinctPackageAndCorePairs) {
   EXPECT_EQ(platform::CountCoresInCpuInfo(twoPackagesWithSiblings), 3u);
   EXPECT_EQ(platform::CountCoresInCpuInfo("processor : 0\nBogoMIPS : 50\n\nprocessor : 1\n"), 0u);
   EXPECT_EQ(platform::CountCoresInCpuInfo(""), 0u);
+}
+
+TEST(ProcessMemory, StatusFieldsAreReadInBytes) {
+  const std::string status = "Name:\tlongmate\nVmHWMx:\t1 kB\nVmHWM:\t  2048 kB\nVmRSS:\t1024 kB\n";
+  EXPECT_EQ(platform::StatusFieldBytes(status, "VmHWM"), 2048u << 10);  // not VmHWMx
+  EXPECT_EQ(platform::StatusFieldBytes(status, "VmRSS"), 1024u << 10);
+  EXPECT_EQ(platform::StatusFieldBytes(status, "VmSwap"), 0u);
+  EXPECT_EQ(platform::StatusFieldBytes("VmRSS:\t12 kB", "VmRSS"), 12u << 10);  // no last newline
+
+  // Memory taken and touched shows in the peak from a reset on.
+  ASSERT_TRUE(platform::ResetPeakResident());
+  const std::uint64_t nBefore = platform::ResidentBytes();
+  std::vector<char> block(64 << 20, 1);
+  EXPECT_GE(platform::PeakResidentBytes(), nBefore + (60u << 20));
 }
 
 TEST(Machine, CountsAreSaneAndCached) {

@@ -1,30 +1,16 @@
 // The exit statuses of "longmate", run as a program beside the test program.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
-#include <filesystem>
-
+#include "CommandRun.h"
 #include "SolvingFixtures.h"
-#include "app/TempFolder.h"
 
 namespace {
-
-// The test programs are built one folder below the command line program.
-std::filesystem::path LongmatePath() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "longmate";
-}
 
 constexpr const char* kCollection =
     "1 #2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-a5\n}\n"
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
     "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
-
-struct TRun {
-  int nStatus = -1;
-  std::string out, err;
-};
 
 // A folder holding the collection above, in which longmate runs.
 class SolveCommand : public testing::Test {
@@ -34,15 +20,7 @@ class SolveCommand : public testing::Test {
     WriteTextFile(folder / "problems.cp", kCollection);
   }
 
-  // Returns the exit status and the output streams.
-  TRun Run(const std::string& arguments) const {
-    const std::string command = "cd '" + folder.Path().string() + "' && '" +
-                                LongmatePath().string() + "' " + arguments +
-                                " > out.txt 2> err.txt";
-    const int nWaitStatus = std::system(command.c_str());
-    return {WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1,
-            ReadTextFile(folder / "out.txt"), ReadTextFile(folder / "err.txt")};
-  }
+  TRun Run(const std::string& arguments) const { return RunLongmate(folder.Path(), arguments); }
 
   CTempFolder folder;
 };
@@ -100,6 +78,34 @@ TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
     EXPECT_EQ(run.nStatus, 2) << arguments << "\n" << run.err;
     EXPECT_THAT(run.err, ::testing::HasSubstr(szNamed)) << arguments;
   }
+}
+
+// Diagrams in the three outputs, and a collection through EPD and back; bad requests write
+// nothing.
+TEST_F(SolveCommand, DiagramsAndOtherFormats) {
+  const std::pair<std::string, int> cases[] = {
+      {"diagram problems.cp --problem 1 -o d.png --scale 2", 0},
+      {"diagram problems.cp --problem 1 -o d.svg", 0},
+      {"diagram problems.cp --problem 1 -o d.tex", 0},
+      {"diagram problems.cp --problem 9 -o e.svg", 2},
+      {"diagram problems.cp --problem 1 -o e.bmp", 2},
+      {"export problems.cp --format epd -o p.epd", 0},
+      {"import p.epd -o back.cp", 0},
+      {"export problems.cp --format xml -o e.xml", 2},
+      {"import missing.epd -o e.cp", 2},
+  };
+  for (const auto& [arguments, nStatus] : cases)
+    EXPECT_EQ(Run(arguments).nStatus, nStatus) << arguments;
+  const std::string png = ReadTextFile(folder / "d.png");
+  ASSERT_GT(png.size(), 24u);
+  EXPECT_EQ(png.substr(1, 3), "PNG");
+  const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(png[i]); };
+  EXPECT_EQ(byteAt(18) * 256 + byteAt(19), 2 * 432);  // the width, twice the drawing's
+  EXPECT_THAT(ReadTextFile(folder / "d.svg"), ::testing::HasSubstr("<svg"));
+  EXPECT_THAT(ReadTextFile(folder / "d.tex"), ::testing::HasSubstr("\\pieces[6+10]"));
+  EXPECT_THAT(ReadTextFile(folder / "back.cp"), ::testing::HasSubstr("Answer:  Qh5-h4"));
+  for (const char* name : {"e.svg", "e.bmp", "e.xml", "e.cp"})
+    EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
 }
 
 }  // namespace

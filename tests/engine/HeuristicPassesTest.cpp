@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "DirectMateRows.h"
-#include "engine/DoubtfulStore.h"
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
 #include "engine/RegisterKey.h"
@@ -98,31 +97,6 @@ TEST(HeuristicPasses, SingleSolutionStopsAtTheFirstPassWithAKey) {
     nCut += outcome.passLabel != "2" ? 1 : 0;
   }
   EXPECT_GT(nCut, 0);  // some keys come from a heuristic pass
-}
-
-// Doubtful answers are found only under the heuristics they were filed under, and are
-// never taken for proved answers of the position.
-TEST(HeuristicPasses, DoubtfulStoreKeepsHeuristicsApart) {
-  TChessboardRegister<bool> reg(1000);
-  CRegisterDoubtfulStore store(reg);
-  const TChessboard board = matetest::Board("7k/8/6K1/8/8/8/8/R7 w - - 0 1", 9);
-  const TChessboardRegisterItem key = registerkey::Build(board);
-  const THeuristicsKey filed{shbit::kFindForcedMate, 2};
-  store.StoreDoubtful(9, key, filed);
-  const struct {
-    std::uint16_t plies;
-    THeuristicsKey heuristics;
-    bool bFound;
-  } cases[] = {
-      {9, filed, true},
-      {7, filed, true},  // fewer plies under the same restrictions
-      {11, filed, false},
-      {9, {shbit::kFindForcedMate, 3}, false},
-      {9, {shbit::kKeepKingOnTheEdge, 2}, false},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(store.FindDoubtful(c.plies, key, c.heuristics), c.bFound) << c.plies;
-  EXPECT_EQ(reg.FindAnswer(9, key), kRegisterUnknown);
 }
 
 }  // namespace

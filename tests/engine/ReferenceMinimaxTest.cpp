@@ -1,4 +1,4 @@
-// The engine's root search against a plain minimax written here on the tests' own board
+// The engine's root search against a plain minimax (ReferenceMate.h) on the tests' own board
 // and move generator: no register, no move ordering, no pruning beyond the short-cuts of
 // "any" and "every", on random positions with few pieces.
 #include <gtest/gtest.h>
@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ReferenceBoard.h"
+#include "ReferenceMate.h"
 #include "TestData.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -21,45 +22,7 @@
 namespace {
 
 using reference::CReferenceBoard;
-using reference::TRefMove;
-
-bool BlackIsMated(const CReferenceBoard& board, int nPlies);
-
-// Legal White moves after which Black is mated within the plies left. With keys null the
-// count stops at the first one.
-int MatingMoves(const CReferenceBoard& board, int nPlies, std::vector<TMove>* keys) {
-  TRefMove moves[CReferenceBoard::kMaxMoves];
-  const int n = board.PseudoMoves(moves);
-  CReferenceBoard next;
-  int nMating = 0;
-  for (int i = 0; i < n; ++i) {
-    next = board.After(moves[i]);
-    // Only a check mates at once: the other last moves need no legality test.
-    if (nPlies == 1 && !next.IsSideToMoveInCheck()) continue;
-    if (!next.IsMoverKingSafe() || !BlackIsMated(next, nPlies - 1)) continue;
-    ++nMating;
-    if (keys == nullptr) break;
-    keys->push_back(CReferenceBoard::ToEngineMove(moves[i]));
-  }
-  return nMating;
-}
-
-// Black, to move with nPlies plies left, is mated within them: checkmated now, or every
-// legal reply lets White mate. Stalemate is no mate.
-bool BlackIsMated(const CReferenceBoard& board, int nPlies) {
-  const bool bInCheck = board.IsSideToMoveInCheck();
-  if (nPlies == 0) return bInCheck && !board.HasLegalMove();
-  TRefMove moves[CReferenceBoard::kMaxMoves];
-  const int n = board.PseudoMoves(moves);
-  CReferenceBoard next;
-  bool bHasReply = false;
-  for (int i = 0; i < n; ++i) {
-    if (!board.MakeLegal(moves[i], next)) continue;
-    bHasReply = true;
-    if (MatingMoves(next, nPlies - 1, nullptr) == 0) return false;
-  }
-  return bHasReply || bInCheck;
-}
+using reference::MatingMoves;
 
 // Keys as sorted texts, so that sets compare directly and failures read well.
 std::vector<std::string> KeyTexts(const TChessboard& root, const std::vector<TMove>& keys) {

@@ -1,0 +1,37 @@
+#include "app/RegressionLog.h"
+
+#include <array>
+#include <cstdio>
+#include <thread>
+
+CRegressionLog::CRegressionLog(const std::filesystem::path& folder, TSleep sleepFor)
+    : path(folder / kFileName), sleep(std::move(sleepFor)) {
+  if (!sleep) sleep = [](std::chrono::milliseconds wait) { std::this_thread::sleep_for(wait); };
+}
+
+void CRegressionLog::Append(const std::string& text) const {
+  std::FILE* file = std::fopen(path.string().c_str(), "a");
+  if (!file) return;
+  std::fprintf(file, "%s", text.c_str());
+  std::fclose(file);
+}
+
+bool CRegressionLog::Rotate() const {
+  std::error_code error;
+  if (!std::filesystem::exists(path, error)) return true;
+  std::filesystem::path backup = path;
+  backup += kBackupSuffix;
+  const auto TryRename = [&] {
+    std::filesystem::remove(backup, error);
+    std::filesystem::rename(path, backup, error);
+    return !error;
+  };
+  if (TryRename()) return true;
+  using std::chrono::milliseconds;
+  for (const milliseconds wait :
+       std::array{milliseconds(0), milliseconds(100), milliseconds(200)}) {
+    sleep(wait);
+    if (TryRename()) return true;
+  }
+  return false;
+}

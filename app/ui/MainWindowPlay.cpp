@@ -1,0 +1,118 @@
+// Moves played on the board and the position setting mode.
+#include <QCursor>
+#include <QMenu>
+#include <QPlainTextEdit>
+
+#include "app/ui/BoardView.h"
+#include "app/ui/MainWindow.h"
+#include "app/ui/PiecePalette.h"
+#include "core/Notation.h"
+
+namespace {
+
+const char* PromotionLabel(PieceCode type) {
+  switch (type) {
+    case piece::kQueen:
+      return "Queen";
+    case piece::kRook:
+      return "Rook";
+    case piece::kBishop:
+      return "Bishop";
+    default:
+      return "Knight";
+  }
+}
+
+// A menu at the mouse with the pieces a pawn may become; nothing when it is dismissed.
+PieceCode AskPromotion(const std::vector<PieceCode>& types) {
+  QMenu menu;
+  for (PieceCode type : types) menu.addAction(PromotionLabel(type))->setData(type);
+  QAction* chosen = menu.exec(QCursor::pos());
+  return chosen ? static_cast<PieceCode>(chosen->data().toInt()) : piece::kEmpty;
+}
+
+}  // namespace
+
+bool CMainWindow::PlayMove(SquareIndex from, SquareIndex to) {
+  const std::vector<TMove> moves = line.LegalMoves(from, to);
+  if (moves.empty()) return false;
+  TMove move = moves.front();
+  if (moves.size() > 1) {
+    std::vector<PieceCode> types;
+    for (TMove promotion : moves) types.push_back(piece::TypeOf(promotion.promotion));
+    const PieceCode type = choosePromotion ? choosePromotion(types) : AskPromotion(types);
+    const auto match = std::find_if(moves.begin(), moves.end(),
+                                    [type](TMove m) { return piece::TypeOf(m.promotion) == type; });
+    if (match == moves.end()) return false;
+    move = *match;
+  }
+  if (!line.Play(move)) return false;
+  ShowPosition();
+  return true;
+}
+
+void CMainWindow::OnBoardClick(int square, Qt::MouseButton button) {
+  const auto sq = static_cast<SquareIndex>(square);
+  if (bSettingMode) {
+    edits.Place(sq, button == Qt::RightButton ? piece::kEmpty : palette->Chosen());
+    ShowPosition();
+    return;
+  }
+  if (button != Qt::LeftButton) return;
+  const PieceCode here = line.Current().squares[sq];
+  const bool bOwn = here != piece::kEmpty && piece::IsWhite(here) == line.Current().IsWhiteToMove();
+  const SquareIndex selected = board->Selected();
+  if (selected != square::kNone && sq != selected && !bOwn && PlayMove(selected, sq)) return;
+  board->SetSelected(bOwn && sq != selected ? sq : square::kNone);
+}
+
+void CMainWindow::OnBoardDrag(int from, int to) {
+  if (bSettingMode) {
+    edits.Move(static_cast<SquareIndex>(from), static_cast<SquareIndex>(to));
+    ShowPosition();
+    return;
+  }
+  PlayMove(static_cast<SquareIndex>(from), static_cast<SquareIndex>(to));
+}
+
+void CMainWindow::SetSettingMode(bool bOn) {
+  if (bOn == bSettingMode) return;
+  if (bOn) {
+    if (IsSolving() && nSolvingId == nCurrentId) return;  // the engine reads that position
+    TPositionEdits::TSquares squares;
+    std::copy(std::begin(line.Start().squares), std::end(line.Start().squares), squares.begin());
+    edits.Begin(squares);
+    bSettingMode = true;
+    palette->show();
+    ShowPosition();
+    return;
+  }
+  if (LeaveSettingMode()) {
+    bSettingMode = false;
+    palette->hide();
+    ShowProblem();
+  }
+}
+
+// Takes the edited position into the problem; false, with the reason shown, when it cannot be
+// a problem's start, and the mode stays on.
+bool CMainWindow::LeaveSettingMode() {
+  if (!edits.IsChanged()) return true;
+  TChessboard checked;
+  if (const auto error = TPositionEdits::Validate(edits.Squares(), checked)) {
+    ShowMessage("Warning", QString::fromStdString(*error));
+    return false;
+  }
+  if (!CurrentProblem()) NewProblem();
+  TProblem* problem = CurrentProblem();
+  std::copy(edits.Squares().begin(), edits.Squares().end(), problem->start.squares);
+  problem->ResetLine();
+  Analyse(problem->start, true);
+  SetModified(true);
+  return true;
+}
+
+void CMainWindow::UndoEdit(bool bRedo) {
+  if (!bSettingMode) return;
+  if (bRedo ? edits.Redo() : edits.Undo()) ShowPosition();
+}

@@ -1,0 +1,94 @@
+#include "app/ui/PlayedLine.h"
+
+#include "core/MoveGeneration.h"
+#include "core/MoveMaking.h"
+#include "core/Notation.h"
+
+namespace {
+
+// Plies allowed for moves played by hand: the most a record holds below the mark of a
+// position without a stipulation, with the parity of the side to move.
+std::uint16_t PlayingPlies(bool bWhiteToMove) {
+  return bWhiteToMove ? kNoStipulationPly - 2 : kNoStipulationPly - 1;
+}
+
+}  // namespace
+
+TPlayedLine::TPlayedLine() {
+  TChessboard empty;
+  ClearChessboard(empty);
+  boards.push_back(empty);
+}
+
+void TPlayedLine::Reset(const TChessboard& board) {
+  boards.clear();
+  undone.clear();
+  TChessboard start = board;
+  start.parent = nullptr;
+  start.ply = start.rootPlies = PlayingPlies(board.IsWhiteToMove());
+  boards.push_back(start);
+}
+
+std::vector<TMove> TPlayedLine::LegalMoves() const {
+  TMove moves[kMoveBufferSize];
+  const int n = movegen::GenerateAllMoves(Current(), moves);
+  std::vector<TMove> legal;
+  TChessboard child;
+  for (int i = 0; i < n; ++i)
+    if (movemaking::MakeSuccessor(Current(), moves[i], child)) legal.push_back(moves[i]);
+  return legal;
+}
+
+std::vector<TMove> TPlayedLine::LegalMoves(SquareIndex from, SquareIndex to) const {
+  std::vector<TMove> matching;
+  for (TMove move : LegalMoves())
+    if (move.from == from && move.to == to) matching.push_back(move);
+  return matching;
+}
+
+bool TPlayedLine::Play(TMove move) {
+  for (TMove legal : LegalMoves()) {
+    if (!legal.SameMove(move)) continue;
+    TChessboard child;
+    movemaking::MakeSuccessor(Current(), legal, child);
+    boards.push_back(child);  // child links to Current(), which the deque keeps in place
+    if (!undone.empty() && undone.back().SameMove(legal))
+      undone.pop_back();
+    else
+      undone.clear();
+    return true;
+  }
+  return false;
+}
+
+bool TPlayedLine::Back() {
+  if (boards.size() < 2) return false;
+  undone.push_back(boards.back().lastMove);
+  boards.pop_back();
+  return true;
+}
+
+bool TPlayedLine::Redo() {
+  if (undone.empty()) return false;
+  return Play(undone.back());
+}
+
+std::string TPlayedLine::MoveListText() const {
+  std::string text;
+  int number = 1;
+  for (std::size_t i = 1; i < boards.size(); ++i) {
+    const TChessboard& before = boards[i - 1];
+    if (!text.empty()) text += ' ';
+    if (before.IsWhiteToMove())
+      text += std::to_string(number) + ". ";
+    else if (i == 1)
+      text += "1. ... ";
+    text += notation::MoveToText(before, boards[i].lastMove);
+    if (!before.IsWhiteToMove()) ++number;
+  }
+  return text;
+}
+
+bool TPlayedLine::IsMate() const {
+  return Current().IsSideToMoveInCheck() && !movemaking::HasLegalMove(Current());
+}

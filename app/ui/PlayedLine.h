@@ -1,0 +1,41 @@
+#pragma once
+// The window's own copy of the position shown: a start position and the moves played on it,
+// with the moves taken back kept for redo. The engine never sees this line.
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/Chessboard.h"
+#include "core/Move.h"
+
+class TPlayedLine {
+ public:
+  TPlayedLine();
+  // Starts again from board, keeping its side to move; the moves played and taken back go.
+  void Reset(const TChessboard& board);
+
+  const TChessboard& Start() const { return boards.front(); }
+  const TChessboard& Current() const { return boards.back(); }
+  int MovesPlayed() const { return static_cast<int>(boards.size()) - 1; }
+  bool CanRedo() const { return !undone.empty(); }
+
+  // The legal moves of the side to move, promotions one entry per piece.
+  std::vector<TMove> LegalMoves() const;
+  // The legal moves from..to: empty, one, or the four promotions.
+  std::vector<TMove> LegalMoves(SquareIndex from, SquareIndex to) const;
+  // Plays a legal move (the promotion piece by its type bits); a different move than the one
+  // taken back last drops the redo list. False for a move that is not legal here.
+  bool Play(TMove move);
+  bool Back();
+  bool Redo();
+
+  // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began).
+  std::string MoveListText() const;
+  // Whether the side to move is mated now.
+  bool IsMate() const;
+
+ private:
+  // Successors link to their parents, so the boards must not move: a deque keeps them put.
+  std::deque<TChessboard> boards;
+  std::vector<TMove> undone;  // the last move taken back at the end
+};

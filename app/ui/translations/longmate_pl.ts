@@ -1,0 +1,379 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl">
+<context>
+    <name>Menu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Plik</translation>
+    </message>
+    <message>
+        <source>&amp;New file</source>
+        <translation>&amp;Nowy plik</translation>
+    </message>
+    <message>
+        <source>&amp;Open defaulf file (myChessProblems.cp)</source>
+        <translation>&amp;Otwórz plik domyślny (myChessProblems.cp)</translation>
+    </message>
+    <message>
+        <source>&amp;Open sample compositions (&amp;sample_problems.cp)</source>
+        <translation>&amp;Otwórz przykładowe kompozycje (&amp;sample_problems.cp)</translation>
+    </message>
+    <message>
+        <source>Open file with chess problems (.cp) ...	Ctrl+O</source>
+        <translation>Otwórz plik z problemami szachowymi (.cp) ...	Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save changes	Ctrl + S</source>
+        <translation>&amp;Zapisz zmiany	Ctrl + S</translation>
+    </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>Zapisz j&amp;ako...</translation>
+    </message>
+    <message>
+        <source>&amp;Append problems from another .cp file...</source>
+        <translation>&amp;Dołącz problemy z innego pliku .cp...</translation>
+    </message>
+    <message>
+        <source>&amp;Remove problems that are present in another .cp file...</source>
+        <translation>&amp;Usuń problemy obecne w innym pliku .cp...</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Zakończ</translation>
+    </message>
+    <message>
+        <source>&amp;Position</source>
+        <translation>&amp;Pozycja</translation>
+    </message>
+    <message>
+        <source>Copy	Ctrl+C</source>
+        <translation>Kopiuj	Ctrl+C</translation>
+    </message>
+    <message>
+        <source>Copy without variants</source>
+        <translation>Kopiuj bez wariantów</translation>
+    </message>
+    <message>
+        <source>Copy without variants or tags</source>
+        <translation>Kopiuj bez wariantów i tagów</translation>
+    </message>
+    <message>
+        <source>Copy FEN code of position	Ctrl+Shift+C</source>
+        <translation>Kopiuj kod FEN pozycji	Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>Copy full FEN code of position</source>
+        <translation>Kopiuj pełny kod FEN pozycji</translation>
+    </message>
+    <message>
+        <source>Paste (position/FEN/moves)	Ctrl+V</source>
+        <translation>Wklej (pozycję/FEN/posunięcia)	Ctrl+V</translation>
+    </message>
+    <message>
+        <source>Paste as mirror</source>
+        <translation>Wklej jako lustrzane odbicie</translation>
+    </message>
+    <message>
+        <source>Rotate position 90°</source>
+        <translation>Obróć pozycję o 90°</translation>
+    </message>
+    <message>
+        <source>Swap black and white</source>
+        <translation>Zamień czarne z białymi</translation>
+    </message>
+    <message>
+        <source>Shift position left	Ctrl+L</source>
+        <translation>Przesuń pozycję w lewo	Ctrl+L</translation>
+    </message>
+    <message>
+        <source>Shift position right	Ctrl+R</source>
+        <translation>Przesuń pozycję w prawo	Ctrl+R</translation>
+    </message>
+    <message>
+        <source>Shift position up	Ctrl+U</source>
+        <translation>Przesuń pozycję w górę	Ctrl+U</translation>
+    </message>
+    <message>
+        <source>Shift position down	Ctrl+D</source>
+        <translation>Przesuń pozycję w dół	Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Copy moves - short notation</source>
+        <translation>Kopiuj posunięcia - notacja skrócona</translation>
+    </message>
+    <message>
+        <source>Copy moves - full notation</source>
+        <translation>Kopiuj posunięcia - notacja pełna</translation>
+    </message>
+    <message>
+        <source>Copy variants - short notation</source>
+        <translation>Kopiuj warianty - notacja skrócona</translation>
+    </message>
+    <message>
+        <source>Copy variants - full notation</source>
+        <translation>Kopiuj warianty - notacja pełna</translation>
+    </message>
+    <message>
+        <source>Switch on/off position setting mode</source>
+        <translation>Włącz/wyłącz tryb ustawiania pozycji</translation>
+    </message>
+    <message>
+        <source>Increase stipulation (#n)	Click arrow up</source>
+        <translation>Zwiększ liczbę posunięć (#n)	Kliknij strzałkę w górę</translation>
+    </message>
+    <message>
+        <source>Decrease stipulation (#n)	Click arrow down</source>
+        <translation>Zmniejsz liczbę posunięć (#n)	Kliknij strzałkę w dół</translation>
+    </message>
+    <message>
+        <source>Increase stipulation (#n) by 10	Right click arrow up</source>
+        <translation>Zwiększ liczbę posunięć (#n) o 10	Prawy klik strzałki w górę</translation>
+    </message>
+    <message>
+        <source>Decrease stipulation (#n) by 10	Right click arrow down</source>
+        <translation>Zmniejsz liczbę posunięć (#n) o 10	Prawy klik strzałki w dół</translation>
+    </message>
+    <message>
+        <source>Undo last change	Ctrl+Z</source>
+        <translation>Cofnij ostatnią zmianę	Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Redo last change	Ctrl+Y</source>
+        <translation>Ponów ostatnią zmianę	Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>P&amp;roblem</source>
+        <translation>P&amp;roblem</translation>
+    </message>
+    <message>
+        <source>Problem type</source>
+        <translation>Rodzaj problemu</translation>
+    </message>
+    <message>
+        <source>Two-,Three-/Moremover</source>
+        <translation>Dwu-,trzy-/wielochodówka</translation>
+    </message>
+    <message>
+        <source>Selfmate</source>
+        <translation>Samomat</translation>
+    </message>
+    <message>
+        <source>Helpmate</source>
+        <translation>Mat pomocniczy</translation>
+    </message>
+    <message>
+        <source>&amp;Solve problem	F5</source>
+        <translation>&amp;Rozwiąż problem	F5</translation>
+    </message>
+    <message>
+        <source>Find &amp;all solutions(right click on Start button)	Shift+F5</source>
+        <translation>Znajdź &amp;wszystkie rozwiązania(prawy klik na przycisku Start)	Shift+F5</translation>
+    </message>
+    <message>
+        <source>Find best defence for &amp;black	F5</source>
+        <translation>Znajdź najlepszą obronę &amp;czarnych	F5</translation>
+    </message>
+    <message>
+        <source>Find best defence for black - more &amp;thorough search	right mouseclick</source>
+        <translation>Znajdź najlepszą obronę czarnych - &amp;dokładniejsze szukanie	prawy klik</translation>
+    </message>
+    <message>
+        <source>&amp;Stop solving</source>
+        <translation>&amp;Zatrzymaj rozwiązywanie</translation>
+    </message>
+    <message>
+        <source>Solve and show whole main &amp;variant	Alt+F5 or middle-click</source>
+        <translation>Rozwiąż i pokaż cały główny &amp;wariant	Alt+F5 lub środkowy klik</translation>
+    </message>
+    <message>
+        <source>&amp;Pause (right click)</source>
+        <translation>&amp;Pauza (prawy klik)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause one thread (right click + ctrl)</source>
+        <translation>&amp;Pauza jednego wątku (prawy klik + ctrl)</translation>
+    </message>
+    <message>
+        <source>&amp;Resume solving</source>
+        <translation>&amp;Wznów rozwiązywanie</translation>
+    </message>
+    <message>
+        <source>&amp;Move back</source>
+        <translation>&amp;Cofnij posunięcie</translation>
+    </message>
+    <message>
+        <source>Re&amp;do move</source>
+        <translation>&amp;Ponów posunięcie</translation>
+    </message>
+    <message>
+        <source>Add/edit &amp;comment to last move	right mouseclick</source>
+        <translation>Dodaj/edytuj &amp;komentarz do ostatniego posunięcia	prawy klik</translation>
+    </message>
+    <message>
+        <source>&amp;Next problem	Ctrl+Shift+Right arrow</source>
+        <translation>&amp;Następny problem	Ctrl+Shift+Strzałka w prawo</translation>
+    </message>
+    <message>
+        <source>&amp;Previous problem	Left arrow</source>
+        <translation>&amp;Poprzedni problem	Strzałka w lewo</translation>
+    </message>
+    <message>
+        <source>&amp;New problem	Ctrl+N</source>
+        <translation>&amp;Nowy problem	Ctrl+N</translation>
+    </message>
+    <message>
+        <source>Go to &amp;first problem	Ctrl+Home</source>
+        <translation>Przejdź do &amp;pierwszego problemu	Ctrl+Home</translation>
+    </message>
+    <message>
+        <source>Go to &amp;last problem	Ctrl+End</source>
+        <translation>Przejdź do &amp;ostatniego problemu	Ctrl+End</translation>
+    </message>
+    <message>
+        <source>Go to previously viewed problem	Ctrl Minus</source>
+        <translation>Przejdź do poprzednio oglądanego problemu	Ctrl Minus</translation>
+    </message>
+    <message>
+        <source>Return from Ctrl-Minus	Ctrl Plus</source>
+        <translation>Powrót z Ctrl-Minus	Ctrl Plus</translation>
+    </message>
+    <message>
+        <source>Add tag to the problem...	Ctrl+T</source>
+        <translation>Dodaj tag do problemu...	Ctrl+T</translation>
+    </message>
+    <message>
+        <source>Remove tag from current problem...	Ctrl+Shift+T</source>
+        <translation>Usuń tag z bieżącego problemu...	Ctrl+Shift+T</translation>
+    </message>
+    <message>
+        <source>Append set of tags from other .cp file...</source>
+        <translation>Dołącz zestaw tagów z innego pliku .cp...</translation>
+    </message>
+    <message>
+        <source>Find problem...	Ctrl+F</source>
+        <translation>Znajdź problem...	Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Find next	F3</source>
+        <translation>Znajdź następny	F3</translation>
+    </message>
+    <message>
+        <source>Find previous	Shift+F3</source>
+        <translation>Znajdź poprzedni	Shift+F3</translation>
+    </message>
+    <message>
+        <source>Select problem number...	Ctrl+G</source>
+        <translation>Wybierz numer problemu...	Ctrl+G</translation>
+    </message>
+    <message>
+        <source>Select problem from list...	Ctrl+Shift+G</source>
+        <translation>Wybierz problem z listy...	Ctrl+Shift+G</translation>
+    </message>
+    <message>
+        <source>Find similar positions</source>
+        <translation>Znajdź podobne pozycje</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Widok</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate chessboard view</source>
+        <translation>&amp;Obróć widok szachownicy</translation>
+    </message>
+    <message>
+        <source>&amp;Enlarge/minimize progress information area</source>
+        <translation>&amp;Powiększ/zmniejsz obszar informacji o postępie</translation>
+    </message>
+    <message>
+        <source>Var&amp;iant</source>
+        <translation>Wa&amp;riant</translation>
+    </message>
+    <message>
+        <source>Save moves as main variant</source>
+        <translation>Zapisz posunięcia jako wariant główny</translation>
+    </message>
+    <message>
+        <source>Save moves as variant...</source>
+        <translation>Zapisz posunięcia jako wariant...</translation>
+    </message>
+    <message>
+        <source>Show main variant</source>
+        <translation>Pokaż wariant główny</translation>
+    </message>
+    <message>
+        <source>Show variant...</source>
+        <translation>Pokaż wariant...</translation>
+    </message>
+    <message>
+        <source>Animate main variant</source>
+        <translation>Animuj wariant główny</translation>
+    </message>
+    <message>
+        <source>Animate variant...</source>
+        <translation>Animuj wariant...</translation>
+    </message>
+    <message>
+        <source>Stop variant animation</source>
+        <translation>Zatrzymaj animację wariantu</translation>
+    </message>
+    <message>
+        <source>Remove variant...</source>
+        <translation>Usuń wariant...</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced</source>
+        <translation>&amp;Zaawansowane</translation>
+    </message>
+    <message>
+        <source>Priori&amp;ty</source>
+        <translation>Prioryte&amp;t</translation>
+    </message>
+    <message>
+        <source>&amp;High</source>
+        <translation>&amp;Wysoki</translation>
+    </message>
+    <message>
+        <source>&amp;Above normal</source>
+        <translation>&amp;Powyżej normalnego</translation>
+    </message>
+    <message>
+        <source>&amp;Normal</source>
+        <translation>&amp;Normalny</translation>
+    </message>
+    <message>
+        <source>&amp;Below normal (recommended)</source>
+        <translation>P&amp;oniżej normalnego (zalecany)</translation>
+    </message>
+    <message>
+        <source>&amp;Low</source>
+        <translation>&amp;Niski</translation>
+    </message>
+    <message>
+        <source>Processor &amp;affinity</source>
+        <translation>&amp;Przypisanie procesorów</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Pomo&amp;c</translation>
+    </message>
+    <message>
+        <source>Open &amp;manual (quick start)</source>
+        <translation>Otwórz &amp;instrukcję (szybki start)</translation>
+    </message>
+    <message>
+        <source>&amp;Open readme.txt</source>
+        <translation>&amp;Otwórz readme.txt</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;O programie</translation>
+    </message>
+    <message>
+        <source>&amp;Threads...</source>
+        <translation>&amp;Wątki...</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Starts the desktop program's test program under Xvfb and saves the window in a few typical
+# states (sample file open, a solve in progress, a result, setting mode) to build/screenshots/.
+# Usage: scripts/screenshots.sh [BUILD_DIR]   (default build/dev, configured and built here)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build="${1:-build/dev}"
+[ -f "$build/CMakeCache.txt" ] || cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug >/dev/null
+cmake --build "$build" --target ui_tests
+out="$PWD/build/screenshots"
+mkdir -p "$out"
+LONGMATE_SCREENSHOTS="$out" QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x800x24" \
+  "$build/tests/ui_tests" >/dev/null
+ls "$out"/*.png

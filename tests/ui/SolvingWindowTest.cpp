@@ -1,0 +1,142 @@
+// Solving from the window: F5 on a mate in 2, a long solve stopped from the Start button, a
+// window closed while it solves, and the status line composed from the session's snapshot.
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "UiTestMain.h"
+#include "app/Options.h"
+#include "app/SolvingReports.h"
+#include "app/ui/SolveController.h"
+#include "core/Notation.h"
+
+namespace {
+
+constexpr int kSolveTimeoutMs = 120000;
+
+// The sample problem with the longest stipulation: it runs for far longer than a test.
+int LongestProblem(const TProblemCollection& problems) {
+  int id = 0, nMost = 0;
+  for (const auto& [nId, problem] : problems.Problems())
+    if (problem->stipulation.Moves() > nMost) {
+      nMost = problem->stipulation.Moves();
+      id = nId;
+    }
+  return id;
+}
+
+TProblemCollection ReadSample() {
+  TProblemCollection problems;
+  problems.ReadFile(SampleFilePath().toStdString(), {});
+  return problems;
+}
+
+}  // namespace
+
+class CSolvingWindowTest : public QObject {
+  Q_OBJECT
+ private Q_SLOTS:
+  void SolvesAMateInTwoWithF5() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    const TProblemCollection sample = ReadSample();
+    const TProblem* chosen = nullptr;
+    for (const auto& [id, problem] : sample.Problems())
+      if (problem->stipulation.Moves() == 2 && !problem->answer.empty()) {
+        chosen = problem.get();
+        break;
+      }
+    QVERIFY(chosen);
+    QVERIFY(window->GoToProblem(chosen->id));
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    QVERIFY(window->IsSolving());
+    QVERIFY(reported.wait(kSolveTimeoutMs));
+    QVERIFY(!window->IsSolving());
+    const QString key =
+        QString::fromStdString(notation::MoveToText(chosen->start, chosen->answer.front()));
+    const QString label = QString::number(chosen->id);
+    QVERIFY2(window->ResultText().contains("Keys: " + key), qPrintable(window->ResultText()));
+    QVERIFY(window->ResultText().contains(QString::fromStdString(
+        ThreadCompletionText(kEnglishLanguageId, label.toStdString(), false, ""))));
+    QVERIFY(window->ResultText().contains(
+        QString::fromStdString(SolutionCountText(kEnglishLanguageId, label.toStdString(), 1))));
+    // The key is on the board for a moment after the report.
+    QCOMPARE(window->MoveListText(), "1. " + key);
+    QTRY_COMPARE_WITH_TIMEOUT(window->MoveListText(), QString(), 5000);
+  }
+
+  void StopsALongSolveFromTheStartButton() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    const int id = LongestProblem(ReadSample());
+    QVERIFY(window->GoToProblem(id));
+    auto* start = window->findChild<QPushButton*>("start");
+    QSignalSpy started(window.get(), &CMainWindow::SolveStarted);
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(started.count(), 1);
+    QCOMPARE(start->text(), QString("Stop"));
+    // The status line comes from the session's progress, handed to the GUI thread.
+    QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().startsWith("Pass 0 SH("), kSolveTimeoutMs);
+    QVERIFY(window->StatusText().contains(
+        QString(" %1# Thrds=").arg(window->CurrentProblem()->stipulation.Moves())));
+    window->Action("pause")->trigger();
+    QCOMPARE(start->text(), QString("Paused"));
+    window->Action("resume")->trigger();
+    QTest::mouseClick(start, Qt::LeftButton);
+    QVERIFY(reported.wait(kSolveTimeoutMs));
+    QCOMPARE(start->text(), QString("Start"));
+    QVERIFY2(window->ResultText().contains(QString::fromStdString(
+                 EngineEndText(kEnglishLanguageId, std::to_string(id), true))),
+             qPrintable(window->ResultText()));
+    QCOMPARE(window->MoveListText(), QString());  // nothing was found to show
+  }
+
+  void ClosingTheWindowDuringASolveStopsIt() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    QVERIFY(window->GoToProblem(LongestProblem(ReadSample())));
+    window->StartSolve(false);
+    QVERIFY(window->IsSolving());
+    QVERIFY(window->close());
+    // The solve must end before the problems it reads go, and at once: a solve that went on
+    // reading a freed problem ran for a minute on a stipulation of garbage.
+    QElapsedTimer clock;
+    clock.start();
+    window.reset();
+    QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+  }
+
+  void StatusLineItemsComeFromTheSnapshot_data() {
+    QTest::addColumn<int>("mirrorPass");
+    QTest::addColumn<double>("share");
+    QTest::addColumn<qint64>("seconds");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("start") << 0 << 0.0 << qint64{0} << "Pass 0 SH() 5# Thrds=4 0.0% 98765 0:00";
+    QTest::newRow("mirror, an hour")
+        << 1 << 0.125 << qint64{3665} << "Pass 1 SH() 5# Thrds=4 12.5% 98765 1:01:05";
+  }
+  void StatusLineItemsComeFromTheSnapshot() {
+    QFETCH(int, mirrorPass);
+    QFETCH(double, share);
+    QFETCH(qint64, seconds);
+    QFETCH(QString, line);
+    TPassProgress progress;
+    progress.nMirrorPass = mirrorPass;
+    progress.nMoves = 5;
+    progress.nThreads = 4;
+    progress.dShareDone = share;
+    progress.nPositions = 98765;
+    progress.nElapsedSeconds = seconds;
+    QCOMPARE(QString::fromStdString(ComposeStatusLine(StatusItemsOf(progress), 200)), line);
+  }
+};
+
+static const bool bRegistered =
+    RegisterUiTest([] { return std::make_unique<CSolvingWindowTest>(); });
+
+#include "SolvingWindowTest.moc"

@@ -1,0 +1,19 @@
+#pragma once
+// The test classes of the desktop program, each registered by its file and run in turn by one
+// program.
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "app/ui/MainWindow.h"
+
+using TTestFactory = std::function<std::unique_ptr<QObject>()>;
+bool RegisterUiTest(TTestFactory factory);
+
+// The sample file of the repository.
+QString SampleFilePath();
+// A window as the program makes it, English, shown, with the sample file open.
+std::unique_ptr<CMainWindow> OpenSampleWindow();
+// Answers the next modal question with the button given (a message box's standard button).
+void AnswerNextQuestion(int standardButton);

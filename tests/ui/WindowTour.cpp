@@ -1,0 +1,106 @@
+// Not checks: with LONGMATE_SCREENSHOTS naming a folder, the window is taken through a few
+// typical states and each is saved there as a PNG, for a person to look at
+// (scripts/screenshots.sh); with LONGMATE_MEASURE set, the time the window takes to open with
+// the sample file and the longest gap of the event loop during a two-thread solve are printed.
+// Skipped otherwise.
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include "UiTestMain.h"
+#include "app/ui/BoardView.h"
+#include "app/ui/PiecePalette.h"
+
+class CWindowTour : public QObject {
+  Q_OBJECT
+ private Q_SLOTS:
+  void MeasuresOpeningAndResponsiveness() {
+    if (qEnvironmentVariableIsEmpty("LONGMATE_MEASURE")) QSKIP("LONGMATE_MEASURE is not set");
+    QElapsedTimer clock;
+    clock.start();
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    qInfo("window open with the sample file: %lld ms", static_cast<long long>(clock.elapsed()));
+
+    int nLongest = 0, idLongest = 0;
+    for (int id = window->CurrentId(); window->GoToProblem(id); ++id)
+      if (window->CurrentProblem()->stipulation.Moves() > nLongest) {
+        nLongest = window->CurrentProblem()->stipulation.Moves();
+        idLongest = id;
+      }
+    QVERIFY(window->GoToProblem(idLongest));
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    window->StartSolve(false);
+    // A timer that should fire every 5 ms: the longest gap between its calls is the longest
+    // time the window could not answer, status line redraws included.
+    qint64 nLongestGap = 0, nLast = 0;
+    int nTicks = 0;
+    QElapsedTimer gaps;
+    gaps.start();
+    QTimer ticker;
+    QObject::connect(&ticker, &QTimer::timeout, [&] {
+      nLongestGap = std::max(nLongestGap, gaps.elapsed() - nLast);
+      nLast = gaps.elapsed();
+      ++nTicks;
+      window->Board()->repaint();  // a frame drawn at every tick
+    });
+    ticker.start(5);
+    QEventLoop loop;
+    QTimer::singleShot(10000, &loop, &QEventLoop::quit);
+    loop.exec();
+    ticker.stop();
+    qInfo("solving with 2 threads for 10 s: %d frames, longest gap %lld ms, status: %s", nTicks,
+          static_cast<long long>(nLongestGap), qPrintable(window->StatusText()));
+    window->StopSolve();
+    QVERIFY(reported.wait(60000));
+  }
+
+  void TakesTheWindowThroughTypicalStates() {
+    const QString folder = qEnvironmentVariable("LONGMATE_SCREENSHOTS");
+    if (folder.isEmpty()) QSKIP("LONGMATE_SCREENSHOTS names no folder");
+    QVERIFY(QDir().mkpath(folder));
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    window->resize(1000, 640);
+    const auto save = [&](const char* name) {
+      QVERIFY(window->grab().save(QDir(folder).filePath(name)));
+    };
+    save("1-sample-open.png");
+
+    int nLongest = 0, idLongest = 0;
+    for (int id = window->CurrentId(); window->GoToProblem(id); ++id)
+      if (window->CurrentProblem()->stipulation.Moves() > nLongest) {
+        nLongest = window->CurrentProblem()->stipulation.Moves();
+        idLongest = id;
+      }
+    QVERIFY(window->GoToProblem(idLongest));
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    window->StartSolve(false);
+    QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().contains("Thrds="), 60000);
+    save("2-solving.png");
+    window->StopSolve();
+    QVERIFY(reported.wait(60000));
+
+    QVERIFY(window->GoToProblem(2));
+    window->StartSolve(false);
+    QVERIFY(reported.wait(60000));
+    save("3-result.png");
+
+    window->Board()->SetRotated(true);
+    window->SetSettingMode(true);
+    window->findChild<CPiecePalette*>("palette")->Choose(piece::kBlackQueen);
+    save("4-setting-mode-rotated.png");
+
+    window->SetSettingMode(false);
+    QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
+    window->SetLanguage(0);
+    save("5-polish-menus.png");
+  }
+};
+
+static const bool bRegistered = RegisterUiTest([] { return std::make_unique<CWindowTour>(); });
+
+#include "WindowTour.moc"
