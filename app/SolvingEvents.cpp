@@ -16,6 +16,12 @@ TPassProgress PassProgress(const CMateSolver& solver, const SolvingRequest& requ
   progress.nPositions = solver.Positions();
   progress.dShareDone = solver.Progress();
   progress.nElapsedSeconds = nElapsedMs / 1000;
+  const TPassInfo pass = solver.Pass();
+  progress.sPass = pass.Label();
+  progress.nHeuristicMask = pass.heuristics.mask;
+  progress.sHeuristics = heuristicset::Describe(pass.heuristics);
+  progress.nRegisterElements = solver.RegisterElements();
+  progress.nDoubtfulElements = solver.DoubtfulElements();
   const std::vector<TMove>& firstMoves = solver.Root().FirstMoves();
   progress.nFirstMoves = static_cast<int>(firstMoves.size());
   if (!firstMoves.empty()) {
@@ -37,4 +43,6 @@ void RecordOutcome(const TRootOutcome& outcome, bool bStopped, SolvingRequest& r
   if (!outcome.keys.empty())
     result.nMove = static_cast<std::uint16_t>(outcome.keys[0].from | outcome.keys[0].to << 8);
   result.nPositions = outcome.nPositions;
+  result.sPass = outcome.passLabel;
+  result.bPass2Skipped = outcome.bPass2Skipped;
 }

@@ -26,6 +26,11 @@ struct TPassProgress {
   int nFirstMoves = 0;
   std::string sCurrentMove;  // in the long notation
   bool bPaused = false;
+  std::string sPass = "2";  // "1", "1b", ... under heuristics, "2" without
+  std::uint32_t nHeuristicMask = 0;
+  std::string sHeuristics;  // the set of the pass, described
+  std::uint32_t nRegisterElements = 0;
+  std::uint32_t nDoubtfulElements = 0;  // doubtful answers filed by the passes so far
 };
 
 struct TPassOutcome {

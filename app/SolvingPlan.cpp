@@ -13,6 +13,7 @@ std::unique_ptr<SolvingRequest> MakeRequest(const TProblem& problem,
   request->bSafeMode = RunsInSafeMode(problem, settings.bQuickMode);
   request->threads = settings.threads;
   request->nMirrorPass = nMirrorPass;
+  request->bPass2 = settings.bPass2;
   return request;
 }
 
@@ -28,11 +29,16 @@ std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(
   std::vector<std::unique_ptr<SolvingRequest>> passes;
   if (!bMirrorOnly) passes.push_back(MakeRequest(problem, settings, 0));
   // MIRRORONLY names the mirror explicitly, so it wins over NOMIRROR and the switch.
-  if (!bMirrorOnly && (problem.HasFlag(option::kNoMirror) || !settings.bMirrorSwitch))
-    return passes;
-  auto mirrored = MakeRequest(problem, settings, 1);
-  const bool bCastlingIrrelevant = transforms::MirrorFiles(mirrored->board);
-  if (bCastlingIrrelevant || bMirrorOnly) passes.push_back(std::move(mirrored));
+  if (bMirrorOnly || (!problem.HasFlag(option::kNoMirror) && settings.bMirrorSwitch)) {
+    auto mirrored = MakeRequest(problem, settings, 1);
+    const bool bCastlingIrrelevant = transforms::MirrorFiles(mirrored->board);
+    if (bCastlingIrrelevant || bMirrorOnly) passes.push_back(std::move(mirrored));
+  }
+  // Chosen from each board as it is solved, so that a mirrored pass has its own.
+  for (auto& request : passes)
+    request->heuristicPasses =
+        heuristicchoice::PassesFor(request->board, problem.stipulation.Moves(),
+                                   problem.heuristicSettings, settings.heuristics);
   return passes;
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/SolvingRequest.h"
 #include "app/ThreadSettings.h"
+#include "engine/HeuristicChoice.h"
 #include "problems/Problem.h"
 
 struct TSolvingPlanSettings {
@@ -13,6 +14,9 @@ struct TSolvingPlanSettings {
   TThreadSettings threads = {};
   bool bQuickMode = true;      // the QuickMode setting
   bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows it
+  // A set named by hand; the problem's settings and the position decide when not given.
+  std::optional<heuristicchoice::TNamedSet> heuristics = std::nullopt;
+  bool bPass2 = true;  // run the pass without heuristics
 };
 
 // Pass 0 on the position as given and pass 1 on it mirrored left to right. NOMIRROR drops

@@ -15,6 +15,11 @@ constexpr TTextTwins kCompletedWithErrorText{
     " zakończył pracę z błędem:", " completed with error:", " завершився з помилкою:"};
 constexpr TTextTwins kCompletedWithError{" zakończył pracę z błędem.", " completed with error.",
                                          " завершився з помилкою."};
+constexpr TTextTwins kPass2SwitchedOff{
+    " UWAGA: Przebieg bez heurystyk jest obecnie wyłączony (zob. okno wyboru heurystyk)",
+    " NOTE: Pass without heuristics is currently switched off (see heuristics selection dialog "
+    "box)",
+    " УВАГА: Прохід без евристик зараз вимкнено (див. вікно вибору евристик)"};
 constexpr TTextTwins kNoSolutionFound{"Nie znaleziono rozwiązania problemu ",
                                       "No solution found of the problem ",
                                       "Не знайдено розв'язку задачі "};
@@ -110,6 +115,7 @@ std::vector<std::string> CompletionReport(int nLanguageId, const std::string& la
   // The keys found before a stop are real, but "none" would claim what was not searched.
   if (!bStopped || result.nSolutions > 0)
     lines.push_back(SolutionCountText(nLanguageId, label, result.nSolutions));
+  if (!bStopped && result.bPass2Skipped) lines.push_back(PickText(nLanguageId, kPass2SwitchedOff));
   return lines;
 }
 

@@ -10,6 +10,7 @@
 #include "app/ThreadSettings.h"
 #include "core/Chessboard.h"
 #include "core/Move.h"
+#include "engine/HeuristicSet.h"
 #include "problems/Problem.h"
 
 // How many keys a solve looks for before it stops.
@@ -36,6 +37,8 @@ struct TSolvingResult {
   std::vector<std::string> keyTexts;  // the keys in the long notation of the pass's position
   std::uint64_t nPositions = 0;
   std::int64_t nElapsedMs = 0;
+  std::string sPass;           // the pass that found the first key ("1", "1b", "2"), else the last
+  bool bPass2Skipped = false;  // no key, and the pass without heuristics was switched off
 };
 
 struct SolvingRequest {
@@ -45,6 +48,8 @@ struct SolvingRequest {
   bool bSafeMode = false;
   TThreadSettings threads;
   int nMirrorPass = 0;  // 0: the position as given, 1: mirrored left to right
+  std::vector<THeuristicSet> heuristicPasses;  // 1, 1b, 1c ...; none: pass 2 alone
+  bool bPass2 = true;                          // the pass without heuristics runs
 
   TSolvingResult result;  // written by the solving thread before it marks the request done
 

@@ -14,6 +14,7 @@
 #include "app/platform/Machine.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
+#include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
 #include "engine/ProblemSortIndications.h"
 #include "engine/RegisterBinding.h"
@@ -111,10 +112,13 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   if (forced && callbacks.askForcedThreads &&
       callbacks.askForcedThreads(*forced, ForcedThreadsQuestion(nLanguageId, forced->nThreads)))
     threads = *forced;
-  requests = PlanSolvingPasses(problem, {.solvingMode = SolvingModeOf(problem, order.bFindAll),
-                                         .threads = threads,
-                                         .bQuickMode = settings.bQuickMode,
-                                         .bMirrorSwitch = order.bMirrorSwitch});
+  requests =
+      PlanSolvingPasses(problem, {.solvingMode = SolvingModeOf(problem, order.bFindAll),
+                                  .threads = threads,
+                                  .bQuickMode = order.bQuickMode.value_or(settings.bQuickMode),
+                                  .bMirrorSwitch = order.bMirrorSwitch,
+                                  .heuristics = order.heuristics,
+                                  .bPass2 = order.bPass2});
   PrepareTablebase(problem);
   if (tempRegister) {
     const bool bReadForThis =
@@ -171,12 +175,13 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     const CRegistryEntry entry(request.RegistryName(),
                                CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
                                                         static_cast<int>(request.threads.nLevels)));
-    // The search has no heuristics yet: every pass is one without them.
+    // The moves log does not tell the passes under heuristics apart yet: it names pass 2.
     const TMovesLogSettings movesLog{.nProblem = request.pProblem->id, .pass = {.nPass = 2}};
     const CMateSolver::TSettings solverSettings{
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .pRegister = seams.pRegister ? seams.pRegister : tempRegister.get(),
+        .pDoubtful = seams.pRegister ? nullptr : tempRegister.get(),
         .pTables = tables.get(),
         .pAdvice = tablebase.get(),
         .nAdviceLevels = nTablebaseLevels,
@@ -185,7 +190,13 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .sortIndications = sortsource::ForSolve(
             *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
         .pMovesLog = settings.bLogMoves ? &movesLog : nullptr,
-        .hooks = {.startThread = seams.startThread}};
+        .hooks = {.startThread = seams.startThread},
+        .heuristicPasses = request.heuristicPasses,
+        .bPass2 = request.bPass2,
+        .bQuickMode = !request.bSafeMode,
+        .nFirstPassMs = heuristicplan::kFirstPassMs,
+        .nMaxPassMs = heuristicplan::kMaxPassMs,
+        .bStopRelaxingOnFirstSolution = request.pProblem->bStopRelaxingOnFirstSolution};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);
   } catch (const std::exception& error) {

@@ -24,6 +24,7 @@
 #include "app/SolvingRequest.h"
 #include "app/TablesService.h"
 #include "app/ThreadSettings.h"
+#include "engine/HeuristicChoice.h"
 #include "engine/SolvingThread.h"
 #include "problems/Problem.h"
 #include "registers/AggregatedTemporaryChessboardRegister.h"
@@ -37,6 +38,10 @@ struct TSolveOrder {
   bool bFindAll = false;               // all solutions, whatever the problem asks for
   std::optional<TThreadSettings> threads = std::nullopt;  // the session's defaults when not given
   bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows
+  // The heuristic passes named by hand; the problem and the position decide when not given.
+  std::optional<heuristicchoice::TNamedSet> heuristics = std::nullopt;
+  bool bPass2 = true;                             // run the pass without heuristics
+  std::optional<bool> bQuickMode = std::nullopt;  // the QuickMode setting when not given
 };
 
 inline constexpr int kNoTimeLimit = -1;

@@ -7,6 +7,7 @@ void AddBenchCommand(CLI::App& app) {
   AddBenchPerftCommand(*bench);
   AddBenchReadCommand(*bench);
   AddBenchSolveCommand(*bench);
+  AddBenchMoremoversCommand(*bench);
   AddBenchFindCommand(*bench);
   AddBenchMemoryCommand(*bench);
 }

@@ -24,6 +24,7 @@ void AddTablebaseCommand(CLI::App& app);
 // Subcommands of "bench".
 void AddBenchPerftCommand(CLI::App& bench);
 void AddBenchSolveCommand(CLI::App& bench);
+void AddBenchMoremoversCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
 void AddBenchFindCommand(CLI::App& bench);
 void AddBenchMemoryCommand(CLI::App& bench);

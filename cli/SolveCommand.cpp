@@ -30,6 +30,8 @@
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
+#include "engine/HeuristicChoice.h"
+#include "engine/MateSolver.h"
 #include "problems/Collection.h"
 
 namespace {
@@ -44,6 +46,10 @@ struct TSolveArguments {
   bool bQuiet = false;
   bool bMirror = false;
   std::string threads;
+  std::string heuristics;  // empty: the problem's settings and the position decide
+  bool bNoPass2 = false;
+  bool bQuick = false;
+  bool bSafe = false;
   bool bLogMoves = false;
   bool bTree = false;
   bool bJson = false;
@@ -70,6 +76,9 @@ void PrintPass(const SolvingRequest& request, const std::vector<std::string>& re
   if (!result.bStopped || !result.keyTexts.empty())
     std::printf("%s: %s\n", result.bStopped ? "Keys found so far" : "Keys",
                 MovesText(result.keyTexts).c_str());
+  if (!request.heuristicPasses.empty() && !result.sPass.empty())
+    std::printf("%s pass %s\n", result.keyTexts.empty() ? "Last" : "Found in",
+                result.sPass.c_str());
   const auto nCount =
       std::min<std::uint64_t>(result.nPositions, std::numeric_limits<std::uint32_t>::max());
   std::printf("Time: %s, positions: %s\n", FormatElapsed(result.nElapsedMs / 1000).c_str(),
@@ -95,6 +104,17 @@ void PrintPasses(const CSolvingSession& session) {
     PrintPass(*request, CompletionReport(Options().nLanguageId, request->Label(), result));
     if (result.sError.empty() && !result.bStopped) PrintAnswerCheck(*request);
   }
+}
+
+std::optional<heuristicchoice::TNamedSet> HeuristicsArgument(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  return heuristicchoice::ReadNamedSet(text);
+}
+
+std::optional<bool> QuickModeArgument(const TSolveArguments& args) {
+  if (args.bQuick) return true;
+  if (args.bSafe) return false;
+  return std::nullopt;
 }
 
 // Prints the whole solution of the keys the pass of the position as given found: as text,
@@ -156,7 +176,10 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
   if (const auto refusal = session.Start({.pProblem = &problem,
                                           .bFindAll = args.bAll,
                                           .threads = threads,
-                                          .bMirrorSwitch = args.bMirror})) {
+                                          .bMirrorSwitch = args.bMirror,
+                                          .heuristics = HeuristicsArgument(args.heuristics),
+                                          .bPass2 = !args.bNoPass2,
+                                          .bQuickMode = QuickModeArgument(args)})) {
     std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
     tally.Count({.end = EProblemEnd::Failed});
     return;
@@ -168,6 +191,13 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
       Options().bQuickMode && first.bSafeMode ? " Safe mode ON" : "");
   for (const std::string& note : problem.Notes(Options().nLanguageId))
     std::printf("%s\n", note.c_str());
+  for (std::size_t i = 0; i < first.heuristicPasses.size(); ++i)
+    std::printf(
+        "Pass %s: %s\n",
+        TPassInfo{.nPass = 1, .nStep = static_cast<int>(i), .heuristics = first.heuristicPasses[i]}
+            .Label()
+            .c_str(),
+        heuristicset::Describe(first.heuristicPasses[i]).c_str());
   std::fflush(stdout);
   const EWaitOutcome waited =
       session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
@@ -238,6 +268,9 @@ std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
 
 void RunSolve(const TSolveArguments& args) {
   CheckSource(args);
+  if (const auto named = HeuristicsArgument(args.heuristics); named && !named->sError.empty())
+    BadInput("--heuristics: cannot read " + named->sError);
+  if (args.bQuick && args.bSafe) BadInput("--quick and --safe exclude each other");
   const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   if (args.bLogMoves) Options().bLogMoves = true;
@@ -297,6 +330,12 @@ void AddSolveCommand(CLI::App& app) {
   command->add_flag("--mirror", args->bMirror,
                     "also solve the position mirrored left to right (a check of the first pass)");
   command->add_option("--threads", args->threads, "threads and levels as T or T^L");
+  command->add_option("--heuristics", args->heuristics,
+                      "heuristic set to start from: auto, none, or names such as "
+                      "SH_FINDFORCEDMATE(#1),SH_KEEPKINGONTHEEDGE(strict)");
+  command->add_flag("--no-pass2", args->bNoPass2, "skip the pass without heuristics");
+  command->add_flag("--quick", args->bQuick, "quick mode, whatever the settings say");
+  command->add_flag("--safe", args->bSafe, "safe mode, whatever the settings say");
   command->add_flag("--log-moves", args->bLogMoves,
                     "write the searched tree to MovesLogger_problem<N>_thread<T>.log files");
   command->add_flag("--tree", args->bTree,

@@ -125,11 +125,12 @@ std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) co
   if (context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board))
     return std::nullopt;
-  const std::uint8_t known =
-      context.pDoubtful->FindDoubtful(context.heuristics, board.ply, registerkey::Build(board));
+  const std::uint8_t known = context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply,
+                                                             registerkey::Build(board));
   if (known == kDoubtfulMate) return mate::kMate;
-  if (known == kDoubtfulCut) return mate::kDoubtful;
-  return std::nullopt;
+  if (known != kDoubtfulCut) return std::nullopt;
+  context.NoteDoubtful(kDoubtfulFromStore);
+  return mate::kDoubtful;
 }
 
 void CMateSearch::FileDoubtful(const TChessboard& board) {
@@ -137,7 +138,7 @@ void CMateSearch::FileDoubtful(const TChessboard& board) {
   if (Interrupted() || context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board))
     return;
-  context.pDoubtful->InsertDoubtful(context.heuristics, board.ply, registerkey::Build(board),
+  context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, registerkey::Build(board),
                                     false);
 }
 
@@ -164,6 +165,9 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     if (known == 0) return mate::kNoMate;
   }
   if (const auto doubtful = FindDoubtful(board)) return *doubtful;
+  if (context.HasHeuristics()) {
+    if (const auto cut = HeuristicCut(board)) return *cut;
+  }
   if (HasShorterMate(board)) {
     FileAnswer(board, 1);
     return mate::kMate;
@@ -196,9 +200,37 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   return SettleWhiteFailure(board, tally.mark, tally.bDoubtful);
 }
 
+std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
+  const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  if (bit == 0) return std::nullopt;
+  // The mate in one is looked for first: a restriction never hides an immediate mate.
+  if (MateInOne(board)) return mate::kMate;
+  context.NoteDoubtful(bit);
+  return mate::kDoubtful;
+}
+
+MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
+  if (context.HasHeuristics()) {
+    const heuristicrules::TBreak cut = heuristicrules::BlackReplyBreaks(child, context.heuristics);
+    if (cut.bit != 0) {
+      if (cut.bMateExcuses && MateInOne(child)) return mate::kMate;
+      context.NoteDoubtful(cut.bit);
+      return mate::kDoubtful;
+    }
+  }
+  return WhiteNode(child);
+}
+
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
   LogMove(*child.parent, child.lastMove, &child);
+  if (context.HasHeuristics()) {
+    if (const std::uint32_t bit = heuristicrules::WhiteMoveBreaks(child, context.heuristics)) {
+      context.NoteDoubtful(bit);
+      tally.bDoubtful = true;
+      return;
+    }
+  }
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
   if (repeated != 0) {
@@ -263,16 +295,18 @@ bool CMateSearch::HasShorterMate(const TChessboard& board) {
 
 MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark,
                                            bool bDoubtful) {
+  // Doubt outweighs a repetition: a repetition is settled as no mate further up, which holds
+  // only when nothing else was cut.
+  if (bDoubtful) {
+    FileDoubtful(board);
+    return mate::kDoubtful;
+  }
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
   }
   // A repetition of this very position is settled here, as no mate: the exact search loses
   // no mate by cutting it.
-  if (bDoubtful) {
-    FileDoubtful(board);
-    return mate::kDoubtful;
-  }
   FileAnswer(board, 0);
   return mate::kNoMate;
 }
@@ -347,7 +381,7 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
     repetitionMarks[child.ply] = repeated;
     result = mate::kRepetition;
   } else {
-    result = WhiteNode(child);
+    result = WhiteNodeAfterReply(child);
   }
   if (result == mate::kMate) return std::nullopt;
   blackKillers[board.ply] = reply;

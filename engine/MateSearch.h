@@ -31,6 +31,9 @@ class CMateSearch {
   MateResult FindMate(const TChessboard& board);
   MateResult WhiteNode(const TChessboard& board);
   MateResult BlackNode(const TChessboard& board);
+  // The White node after Black's reply child, unless the reply breaks a restriction of the
+  // pass: then doubtful, or mate when White mates at once all the same.
+  MateResult WhiteNodeAfterReply(const TChessboard& child);
 
   // The moves log of this thread, written only when the solve logs moves. These write what
   // the root search walks outside this search's own recursion; what an interrupted search
@@ -54,7 +57,8 @@ class CMateSearch {
   void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
   // Whether results are no longer worth anything: the solve stops, or the work was abandoned.
   bool Interrupted() const {
-    return context.run.IsStopping() || (abandon != nullptr && abandon->IsSet());
+    return context.run.IsStopping() || context.bPassTimeUp.load(std::memory_order_relaxed) ||
+           (abandon != nullptr && abandon->IsSet());
   }
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);
@@ -83,10 +87,13 @@ class CMateSearch {
     nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
   }
   void FileAnswer(const TChessboard& board, std::uint8_t answer);
+  // Doubtful (or mate in one) when the pass's restrictions cut this White node; nothing when
+  // it is to be searched.
+  std::optional<MateResult> HeuristicCut(const TChessboard& board);
   void FileDefence(const TChessboard& board, std::uint8_t bDefence);
   bool UsesRegister(const TChessboard& board) const;
-  // What the doubtful answers of the pass's selection say of board: mate, doubtful, or
-  // nothing.
+  // What the doubtful answers of the pass's selection say of board: mate, doubtful (noted as
+  // the store's), or nothing.
   std::optional<MateResult> FindDoubtful(const TChessboard& board) const;
   // Files that the search of board under the pass's selection was cut.
   void FileDoubtful(const TChessboard& board);

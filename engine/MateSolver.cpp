@@ -1,22 +1,29 @@
 #include "engine/MateSolver.h"
 
 #include <algorithm>
+#include <chrono>
+
+#include "engine/PassTimer.h"
+
+std::string TPassInfo::Label() const {
+  std::string label = std::to_string(nPass);
+  if (nPass == 1 && nStep > 0) label += static_cast<char>('a' + nStep);
+  return label;
+}
 
 CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& solveSettings)
     : root(start), settings(solveSettings), hints(settings.sortIndications) {
   root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
-  context.pDoubtful = settings.pDoubtful;
-  context.heuristics = settings.heuristics;
   context.pTables = settings.pTables;
   context.pAdvice = settings.pAdvice;
   context.nAdviceLevels = settings.nAdviceLevels;
   context.pMovesLog = settings.pMovesLog;
   if (!hints.IsEmpty()) context.pHints = &hints;
-  search = std::make_unique<CRootSearch>(
-      context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
-  search->SetHooks(settings.hooks);
+  BeginPass(settings.heuristicPasses.empty()
+                ? TPassInfo{}
+                : TPassInfo{.nPass = 1, .heuristics = settings.heuristicPasses.front()});
 }
 
 int CMateSolver::WorkerCount(int nThreads, int nLevels) {
@@ -27,6 +34,91 @@ int CMateSolver::WorkerCount(int nThreads, int nLevels) {
   return nWorkers;
 }
 
+void CMateSolver::BeginPass(const TPassInfo& next) {
+  {
+    const std::lock_guard lock(passMutex);
+    pass = next;
+  }
+  context.nPass = next.nPass;
+  context.heuristics = THeuristicContext(next.heuristics, root);
+  // A pass under heuristics files and finds the doubtful answers of its own selection; the
+  // pass without them searches such positions out, unless the caller chose a selection itself.
+  const bool bHeuristicPass = next.nPass == 1;
+  const bool bCallersSelection = !bHeuristicPass && settings.heuristicPasses.empty();
+  context.pDoubtful = bHeuristicPass || bCallersSelection ? settings.pDoubtful : nullptr;
+  context.doubtfulSelection =
+      bHeuristicPass ? MakeHeuristicsKey(next.heuristics.mask, next.heuristics.Params())
+                     : settings.doubtfulSelection;
+  // Under heuristics a repeated position ends its line at once; the pass without them cuts
+  // only in quick mode or when asked.
+  context.bCutRepetitions = next.nPass == 1 || settings.bQuickMode || bRepetitionCutAsked;
+  auto search = std::make_unique<CRootSearch>(
+      context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
+  search->SetHooks(settings.hooks);
+  current.store(search.get());
+  const std::lock_guard lock(passMutex);
+  searches.push_back(std::move(search));
+}
+
+TRootOutcome CMateSolver::RunPass(int nIndex) {
+  context.bPassTimeUp = false;
+  if (Pass().nPass != 1 || settings.nFirstPassMs <= 0) return Current().Run(settings.nMaxSolutions);
+  std::chrono::milliseconds time(static_cast<std::int64_t>(settings.nFirstPassMs)
+                                 << std::min(nIndex, 20));
+  if (settings.nMaxPassMs > 0)
+    time = std::min(time, std::chrono::milliseconds(settings.nMaxPassMs));
+  const CPassTimer timer(time, [this] {
+    context.bPassTimeUp = true;
+    context.run.WakeParked();
+    context.run.Notify();
+  });
+  return Current().Run(settings.nMaxSolutions);
+}
+
 TRootOutcome CMateSolver::Run() {
-  return search->Run(settings.nMaxSolutions);
+  const int nPasses = static_cast<int>(settings.heuristicPasses.size()) + (settings.bPass2 ? 1 : 0);
+  TRootOutcome outcome;
+  for (int i = 0; i < nPasses; ++i) {
+    if (i > 0) {
+      const bool bHeuristic = i < static_cast<int>(settings.heuristicPasses.size());
+      BeginPass(bHeuristic
+                    ? TPassInfo{.nPass = 1, .nStep = i, .heuristics = settings.heuristicPasses[i]}
+                    : TPassInfo{});
+    }
+    TRootOutcome passOutcome = RunPass(i);
+    // Every key found is proven: the keys of earlier passes stand beside the new ones.
+    for (const TMove key : outcome.keys)
+      if (std::find(passOutcome.keys.begin(), passOutcome.keys.end(), key) ==
+          passOutcome.keys.end()) {
+        passOutcome.keys.push_back(key);
+        passOutcome.answers.Add((root.ply + 1) / 2, key);
+      }
+    if (!passOutcome.keys.empty()) passOutcome.result = mate::kMate;
+    passOutcome.passLabel = outcome.keys.empty() ? Pass().Label() : outcome.passLabel;
+    outcome = std::move(passOutcome);
+    const bool bEnough = settings.nMaxSolutions > 0 &&
+                         static_cast<int>(outcome.keys.size()) >= settings.nMaxSolutions;
+    const bool bTimeUp = context.bPassTimeUp.load() && !context.run.IsStopping();
+    if ((outcome.bInterrupted && !bTimeUp) || outcome.nErrorCode != 0 || bEnough) break;
+    outcome.bInterrupted = false;  // the time of a heuristic pass is its own
+    if (settings.bStopRelaxingOnFirstSolution && !outcome.keys.empty() &&
+        i + 1 < static_cast<int>(settings.heuristicPasses.size()))
+      i = static_cast<int>(settings.heuristicPasses.size()) - 1;  // on to pass 2
+  }
+  outcome.bPass2Skipped = !settings.bPass2 && outcome.result != mate::kMate;
+  outcome.nPositions = Positions();
+  return outcome;
+}
+
+std::uint64_t CMateSolver::Positions() const {
+  std::uint64_t n = 0;
+  // Passes begin in the thread that runs the solve; the ones a reader sees are complete.
+  const std::lock_guard lock(passMutex);
+  for (const auto& search : searches) n += search->Positions();
+  return n;
+}
+
+TPassInfo CMateSolver::Pass() const {
+  const std::lock_guard lock(passMutex);
+  return pass;
 }

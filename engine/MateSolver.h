@@ -1,23 +1,43 @@
 #pragma once
+#include <atomic>
 #include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
 
 #include "core/Chessboard.h"
+#include "engine/HeuristicSet.h"
 #include "engine/RootSearch.h"
 #include "engine/SearchContext.h"
 #include "engine/WhiteMoveHints.h"
 
+// Which pass of a solve runs: the passes under heuristics are 1, 1b, 1c ... (nStep 0, 1,
+// 2 ...), the pass without heuristics is 2.
+struct TPassInfo {
+  int nPass = 2;
+  int nStep = 0;
+  THeuristicSet heuristics;
+  // "1", "1b", "1c" ... or "2".
+  std::string Label() const;
+};
+
 // One solve of "White to move mates in N" from a start position: the root search with its
-// threads over a shared context. Run blocks; Stop, Pause and Resume may be called from any
-// thread while it runs, and the counters may be read at any time.
+// threads over a shared context, pass by pass. The passes under heuristics come first, each
+// less restricted than the one before; a key any of them finds is proven, so a solve for
+// fewer keys than all ends with the first pass that finds enough. The pass without
+// heuristics settles what they left open. Run blocks; Stop, Pause and Resume may be called
+// from any thread while it runs, and the counters may be read at any time.
 class CMateSolver {
  public:
   struct TSettings {
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
-    // The doubtful answers of the selection given (see SearchContext); none when null.
+    // Where the passes under heuristics file and find the doubtful answers of their selection
+    // (see SearchContext); none when null. A solve without such passes consults the answers
+    // of doubtfulSelection.
     TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
-    THeuristicsKey heuristics = 0;
+    THeuristicsKey doubtfulSelection = 0;
     CTableProbe* pTables = nullptr;
     // White moves skipped at the first levels (see SearchContext).
     CWhiteMoveAdvice* pAdvice = nullptr;
@@ -32,6 +52,17 @@ class CMateSolver {
     // Where the threads log the moves they search; null for no log. Must outlive the solve.
     const TMovesLogSettings* pMovesLog = nullptr;
     TRootHooks hooks = {};
+    // The passes under heuristics, in order; none leaves the pass without heuristics alone.
+    std::vector<THeuristicSet> heuristicPasses = {};
+    bool bPass2 = true;  // false skips the pass without heuristics
+    // Whether the pass without heuristics cuts lines that repeat a position (quick mode).
+    bool bQuickMode = false;
+    // Time of the first pass under heuristics, doubled for each further one; a pass that
+    // has used its time gives up and the next one begins. 0: every pass runs to its end.
+    int nFirstPassMs = 0;
+    int nMaxPassMs = 0;  // the most time of one pass under heuristics; 0: no cap
+    // Once a pass under heuristics found a key, go on with the pass without them.
+    bool bStopRelaxingOnFirstSolution = false;
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.
@@ -42,30 +73,54 @@ class CMateSolver {
   TRootOutcome Run();
   // Cutting repeated positions loses no mate; the exact search does better without (see
   // SearchContext).
-  void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bCut; }
+  void SetCutRepetitions(bool bCut) { context.bCutRepetitions = bRepetitionCutAsked = bCut; }
   void Stop() { context.run.Stop(); }
   void Pause() { context.run.Pause(); }
   void Resume() {
     context.run.Resume();
-    search->ResumeAllThreads();
+    Current().ResumeAllThreads();
   }
   // Pauses only the thread analysing the current first move; asked before a first move is
   // current, the thread that takes the first one.
-  void PauseOneThread() { search->PauseCurrentThread(); }
-  void ShiftCurrentMoveToEnd() { search->ShiftCurrentMoveToEnd(); }
-  void SwapCurrentWithNext() { search->SwapCurrentWithNext(); }
-  void SkipToNextMove() { search->SkipToNextMove(); }
+  void PauseOneThread() { Current().PauseCurrentThread(); }
+  void ShiftCurrentMoveToEnd() { Current().ShiftCurrentMoveToEnd(); }
+  void SwapCurrentWithNext() { Current().SwapCurrentWithNext(); }
+  void SkipToNextMove() { Current().SkipToNextMove(); }
 
-  std::uint64_t Positions() const { return search->Positions(); }
-  double Progress() const { return search->Progress(); }
-  const CRootSearch& Root() const { return *search; }
+  // Positions of every pass so far.
+  std::uint64_t Positions() const;
+  double Progress() const { return Current().Progress(); }
+  // The root search of the running pass (the last one once the solve has ended).
+  const CRootSearch& Root() const { return Current(); }
+  TPassInfo Pass() const;
+  // Entries of the register, and the doubtful answers filed in it (0 without a register).
+  std::uint32_t RegisterElements() const {
+    return settings.pRegister != nullptr ? settings.pRegister->GetElementsIn() : 0;
+  }
+  std::uint32_t DoubtfulElements() const {
+    return settings.pDoubtful != nullptr ? settings.pDoubtful->GetDoubtfulElementsIn() : 0;
+  }
+  // Why the last doubtful node was doubtful (see SearchContext).
+  std::uint32_t DoubtfulReason() const { return context.doubtfulReason.load(); }
   // Where the threads wait: an observer may wait here for them to park.
   CRunControl& RunControl() { return context.run; }
 
  private:
+  CRootSearch& Current() const { return *current.load(); }
+  // Runs the current pass, within its time when it is one under heuristics.
+  TRootOutcome RunPass(int nIndex);
+  // Readies the context and a root search for the pass.
+  void BeginPass(const TPassInfo& pass);
+  bool bRepetitionCutAsked = false;
+
   TChessboard root;
   TSettings settings;
   CWhiteMoveHints hints;
   SearchContext context;
-  std::unique_ptr<CRootSearch> search;
+  // Every pass's root search, kept while the solver lives so that readers in other threads
+  // never see one go.
+  std::vector<std::unique_ptr<CRootSearch>> searches;
+  std::atomic<CRootSearch*> current{nullptr};
+  mutable std::mutex passMutex;
+  TPassInfo pass;  // under passMutex
 };

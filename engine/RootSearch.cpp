@@ -176,7 +176,7 @@ void CRootSearch::SearchReplies(CMateSearch& search, TRootTask& task) {
     const int i = task.nNextReply.fetch_add(1);
     if (i >= static_cast<int>(task.replies.size()) || search.Interrupted()) break;
     search.LogMove(task.child, task.replies[i].lastMove, &task.replies[i]);
-    const MateResult result = search.WhiteNode(task.replies[i]);
+    const MateResult result = search.WhiteNodeAfterReply(task.replies[i]);
     if (search.Interrupted()) break;
     if (result == mate::kMate) continue;
     {

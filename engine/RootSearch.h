@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 #include "core/Chessboard.h"
@@ -22,8 +23,10 @@ struct TRootOutcome {
                                       // manual command changed it)
   CAnswerCountMap answers;
   std::uint64_t nPositions = 0;
-  int nErrorCode = 0;         // kThreadStartFailed, or 0
-  bool bInterrupted = false;  // stopped before every first move it needed was settled
+  int nErrorCode = 0;          // kThreadStartFailed, or 0
+  bool bInterrupted = false;   // stopped before every first move it needed was settled
+  std::string passLabel;       // the pass that found the first key, else the last pass run
+  bool bPass2Skipped = false;  // no key, and the pass without heuristics was not asked for
 };
 
 // Seams for tests and observers of a solve. The callbacks run in the worker concerned,

@@ -1,4 +1,8 @@
 #pragma once
+#include <atomic>
+#include <cstdint>
+
+#include "engine/HeuristicRules.h"
 #include "engine/MovesLogger.h"
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveAdvice.h"
@@ -12,9 +16,10 @@ struct SearchContext {
   CRunControl run;
   TChessboardRegister<bool>* pRegister = nullptr;
   // Where the doubtful answers of this pass's heuristics selection are found and filed; null
-  // in a pass that must search such positions out. A stored cut makes a node doubtful.
+  // in a pass that must search such positions out (pass 2). A stored cut makes a node doubtful.
   TAggregatedTemporaryChessboardRegister* pDoubtful = nullptr;
-  THeuristicsKey heuristics = 0;
+  // The selection those answers are filed under: the pass's heuristics and their parameters.
+  THeuristicsKey doubtfulSelection = 0;
   // The problem's sort indications for White's moves; null when it gives none.
   const CWhiteMoveHints* pHints = nullptr;
   // Exact values of small endings; null when the solve has no tables.
@@ -27,6 +32,25 @@ struct SearchContext {
   // does better without: a depth-limited line ends anyway, and only uncut answers can be
   // filed in the register, which perpetual checks would otherwise keep from filling.
   bool bCutRepetitions = false;
+
+  // The pass: 1 for the passes under heuristics (1, 1b, 1c ...), 2 for the pass without.
+  int nPass = 2;
+  // The restrictions of this pass; an empty mask restricts nothing.
+  THeuristicContext heuristics;
+  // Why the last node that turned out doubtful did: a heuristic's bit, or 0xFFFFFFFF for a
+  // doubtful answer found in the store.
+  std::atomic<std::uint32_t> doubtfulReason{0};
+  // Set when a pass under heuristics has used up its time: its searches give up, and the
+  // solve goes on with the next pass.
+  std::atomic<bool> bPassTimeUp{false};
+
+  bool HasHeuristics() const { return heuristics.set.mask != 0; }
+  void NoteDoubtful(std::uint32_t reason) {
+    doubtfulReason.store(reason, std::memory_order_relaxed);
+  }
   // Where each thread writes the tree it walks; null when the moves are not logged.
   const TMovesLogSettings* pMovesLog = nullptr;
 };
+
+// The doubtful reason of an answer taken from the store of doubtful answers.
+inline constexpr std::uint32_t kDoubtfulFromStore = 0xFFFFFFFF;

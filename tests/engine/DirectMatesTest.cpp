@@ -71,7 +71,8 @@ TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
       continue;
     for (bool bShare : {true, false}) {
       const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true, 3, bShare);
-      EXPECT_EQ(solved.keys, PublishedKeys(row)) << row.at("id") << (bShare ? "" : ", moves not shared");
+      EXPECT_EQ(solved.keys, PublishedKeys(row))
+          << row.at("id") << (bShare ? "" : ", moves not shared");
     }
     ++nSolved;
   }
@@ -87,7 +88,8 @@ TEST(MateSolver, RunsThreadsToThePowerOfLevelsWorkers) {
     int nThreads, nLevels, nWorkers;
   } cases[] = {{1, 1, 1}, {2, 1, 2}, {4, 2, 16}, {3, 3, 27}, {64, 2, 256}, {1, 5, 1}, {2, 0, 2}};
   for (const auto& c : cases)
-    EXPECT_EQ(CMateSolver::WorkerCount(c.nThreads, c.nLevels), c.nWorkers) << c.nThreads << "^" << c.nLevels;
+    EXPECT_EQ(CMateSolver::WorkerCount(c.nThreads, c.nLevels), c.nWorkers)
+        << c.nThreads << "^" << c.nLevels;
 }
 
 TEST(AnswerCountMap, FindsTheEntryHoldingAMoveAndRefusesOthers) {

@@ -23,7 +23,7 @@ TRootOutcome SolveAll(const TChessboard& root, int nMoves,
                       .nMaxSolutions = 0,
                       .pRegister = &reg,
                       .pDoubtful = pDoubtful,
-                      .heuristics = selection});
+                      .doubtfulSelection = selection});
   return solver.Run();
 }
 

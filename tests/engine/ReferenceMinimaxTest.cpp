@@ -16,6 +16,7 @@
 #include "TestData.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
+#include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
 
 namespace {
@@ -47,9 +48,42 @@ struct TEngineRun {
   int nThreads;
   bool bCutRepetitions;
   const char* name;
+  bool bHeuristics = false;  // the passes under heuristics first
 };
-constexpr TEngineRun kEngineRuns[] = {
-    {1, false, "1 thread"}, {2, false, "2 threads"}, {1, true, "1 thread, repetitions cut"}};
+constexpr TEngineRun kEngineRuns[] = {{1, false, "1 thread"},
+                                      {2, false, "2 threads"},
+                                      {1, true, "1 thread, repetitions cut"},
+                                      {2, false, "2 threads, heuristic passes first", true}};
+
+// Restrictions of every kind: forced mates, the king at the edge, pieces kept, kings near.
+std::vector<THeuristicSet> HeuristicPasses() {
+  THeuristicSet forced, edge;
+  forced.mask = shbit::kFindForcedMate;
+  edge.mask = shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures | shbit::kAreKingsNear |
+              shbit::kDontLetPromotedFigureMove;
+  edge.edgeForm = EEdgeForm::kStrict;
+  std::vector<THeuristicSet> passes = heuristicplan::RelaxationPath(forced);
+  for (const THeuristicSet& set : heuristicplan::RelaxationPath(edge)) passes.push_back(set);
+  return passes;
+}
+
+// The heuristic passes alone find only keys, and leave doubtful what they cannot settle.
+void ExpectHeuristicPassesSound(const TChessboard& start, int nMoves,
+                                const std::vector<std::string>& expected) {
+  TChessboardRegister<bool> reg(1'000'000);
+  CMateSolver solver(start, nMoves,
+                     {.nMaxSolutions = 0,
+                      .pRegister = &reg,
+                      .heuristicPasses = HeuristicPasses(),
+                      .bPass2 = false});
+  const TRootOutcome outcome = solver.Run();
+  const std::vector<std::string> keys = KeyTexts(start, outcome.keys);
+  const std::string where = fen::WriteShortFen(start) + " #" + std::to_string(nMoves);
+  EXPECT_TRUE(std::includes(expected.begin(), expected.end(), keys.begin(), keys.end())) << where;
+  if (keys.empty() && !expected.empty()) {
+    EXPECT_EQ(int{outcome.result}, int{mate::kDoubtful}) << where;
+  }
+}
 
 // Every engine run must give the reference's answer and exactly its keys. Returns whether
 // White mates.
@@ -57,8 +91,12 @@ bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
   for (const TEngineRun& run : kEngineRuns) {
     TChessboardRegister<bool> reg(1'000'000);
-    CMateSolver solver(start, nMoves,
-                       {.nThreads = run.nThreads, .nMaxSolutions = 0, .pRegister = &reg});
+    CMateSolver solver(
+        start, nMoves,
+        {.nThreads = run.nThreads,
+         .nMaxSolutions = 0,
+         .pRegister = &reg,
+         .heuristicPasses = run.bHeuristics ? HeuristicPasses() : std::vector<THeuristicSet>{}});
     solver.SetCutRepetitions(run.bCutRepetitions);
     const TRootOutcome outcome = solver.Run();
     const std::string where =
@@ -66,6 +104,7 @@ bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
     EXPECT_EQ(int{outcome.result}, int{expected.empty() ? mate::kNoMate : mate::kMate}) << where;
     EXPECT_EQ(Joined(KeyTexts(start, outcome.keys)), Joined(expected)) << where;
   }
+  ExpectHeuristicPassesSound(start, nMoves, expected);
   return !expected.empty();
 }
 
