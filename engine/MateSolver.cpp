@@ -20,7 +20,10 @@ CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& 
   context.pTables = settings.pTables;
   context.pAdvice = settings.pAdvice;
   context.nAdviceLevels = settings.nAdviceLevels;
-  context.pMovesLog = settings.pMovesLog;
+  if (settings.pMovesLog != nullptr) {
+    movesLog = *settings.pMovesLog;
+    context.pMovesLog = &movesLog;
+  }
   if (!hints.IsEmpty()) context.pHints = &hints;
   BeginPass(settings.heuristicPasses.empty()
                 ? TPassInfo{}
@@ -41,6 +44,12 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
     pass = next;
   }
   context.nPass = next.nPass;
+  // The loggers of the pass's root search copy what names the pass in their lines.
+  movesLog.pass = {.nPass = next.nPass,
+                   .nRelaxationStep = next.nStep,
+                   .heuristics = next.heuristics.mask,
+                   .heurParams = next.heuristics.Params(),
+                   .description = heuristicset::Describe(next.heuristics)};
   context.heuristics = THeuristicContext(next.heuristics, root);
   // A pass under heuristics files and finds the doubtful answers of its own selection; the
   // pass without them searches such positions out, unless the caller chose a selection itself.

@@ -117,6 +117,7 @@ class CMateSolver {
 
   TChessboard root;
   TSettings settings;
+  TMovesLogSettings movesLog;  // the solve's, with the pass that runs
   CWhiteMoveHints hints;
   SearchContext context;
   // Every turn's root search, kept while the solver lives so that readers in other threads

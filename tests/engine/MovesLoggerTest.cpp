@@ -173,6 +173,27 @@ TEST(MovesLogger, ASolveLogsItsTreeFromTheKeyToTheRootResult) {
   ExpectWellFormed(lines);
 }
 
+// Each pass of a solve names itself on White's last moves: the heuristic pass by its set.
+TEST(MovesLogger, EveryPassOfASolveNamesItself) {
+  const CTempFolder folder;
+  const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 5, .pass = {}};
+  const auto problem = solvecontrol::Row("directmates.tsv", "meson-182720");
+  THeuristicSet forced;
+  forced.mask = shbit::kFindForcedMate;
+  {
+    CMateSolver solver(
+        Position(problem.fen), problem.nMoves,
+        {.nThreads = 1, .nMaxSolutions = 0, .pMovesLog = &settings, .heuristicPasses = {forced}});
+    ASSERT_EQ(solver.Run().keys.size(), 1u);
+  }
+  const std::vector<std::string> lines = Lines(folder / "MovesLogger_problem5_thread0.log");
+  const std::string heuristicPass = " Pass 1a Heur=" + std::to_string(shbit::kFindForcedMate) +
+                                    " HeurParams=" + std::to_string(forced.Params()) + " " +
+                                    heuristicset::Describe(forced);
+  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith(heuristicPass)));
+  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith(" Pass 2")));
+}
+
 TEST(MovesLogger, ThreadsOfOneSolveWriteWholeLinesIntoFilesOfTheirOwn) {
   const CTempFolder folder;
   const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 4, .pass = {.nPass = 2}};
