@@ -3,23 +3,25 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 
+#include "app/Options.h"
 #include "app/ui/BoardView.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "app/ui/PiecePalette.h"
-#include "core/Notation.h"
+#include "engine/LastMoveReport.h"
 
 namespace {
 
-const char* PromotionLabel(PieceCode type) {
+QString PromotionLabel(PieceCode type) {
   switch (type) {
     case piece::kQueen:
-      return "Queen";
+      return WindowText("Queen");
     case piece::kRook:
-      return "Rook";
+      return WindowText("Rook");
     case piece::kBishop:
-      return "Bishop";
+      return WindowText("Bishop");
     default:
-      return "Knight";
+      return WindowText("Knight");
   }
 }
 
@@ -48,7 +50,20 @@ bool CMainWindow::PlayMove(SquareIndex from, SquareIndex to) {
   }
   if (!line.Play(move)) return false;
   ShowPosition();
+  ReportLastMove();
   return true;
+}
+
+// When White's last move of a direct mate has been played without mate, the report says so
+// and names Black's replies to a check.
+void CMainWindow::ReportLastMove() {
+  const TProblem* problem = CurrentProblem();
+  if (!problem || problem->stipulation.type != TStipulation::kDirectMate ||
+      !line.Start().IsWhiteToMove() || line.IsMate())
+    return;
+  if (line.MovesPlayed() != 2 * problem->stipulation.Moves() - 1) return;
+  resultView->appendPlainText(
+      QString::fromStdString(LastMoveReport(line.Current(), Options().nLanguageId)));
 }
 
 void CMainWindow::OnBoardClick(int square, Qt::MouseButton button) {
@@ -97,19 +112,7 @@ void CMainWindow::SetSettingMode(bool bOn) {
 // Takes the edited position into the problem; false, with the reason shown, when it cannot be
 // a problem's start, and the mode stays on.
 bool CMainWindow::LeaveSettingMode() {
-  if (!edits.IsChanged()) return true;
-  TChessboard checked;
-  if (const auto error = TPositionEdits::Validate(edits.Squares(), checked)) {
-    ShowMessage("Warning", QString::fromStdString(*error));
-    return false;
-  }
-  if (!CurrentProblem()) NewProblem();
-  TProblem* problem = CurrentProblem();
-  std::copy(edits.Squares().begin(), edits.Squares().end(), problem->start.squares);
-  problem->ResetLine();
-  Analyse(problem->start, true);
-  SetModified(true);
-  return true;
+  return !edits.IsChanged() || TakeEditedSquares(edits.Squares());
 }
 
 void CMainWindow::UndoEdit(bool bRedo) {

@@ -3,6 +3,7 @@
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
+#include "core/ShortAlgebraic.h"
 
 namespace {
 
@@ -73,7 +74,7 @@ bool TPlayedLine::Redo() {
   return Play(undone.back());
 }
 
-std::string TPlayedLine::MoveListText() const {
+std::string TPlayedLine::MoveListText(bool bShort) const {
   std::string text;
   int number = 1;
   for (std::size_t i = 1; i < boards.size(); ++i) {
@@ -83,7 +84,8 @@ std::string TPlayedLine::MoveListText() const {
       text += std::to_string(number) + ". ";
     else if (i == 1)
       text += "1. ... ";
-    text += notation::MoveToText(before, boards[i].lastMove);
+    text += bShort ? shortalgebraic::MoveToText(before, boards[i].lastMove)
+                   : notation::MoveToText(before, boards[i].lastMove);
     if (!before.IsWhiteToMove()) ++number;
   }
   return text;

@@ -29,8 +29,9 @@ class TPlayedLine {
   bool Back();
   bool Redo();
 
-  // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began).
-  std::string MoveListText() const;
+  // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began);
+  // in the short notation of other programs "1. e4 e5 2. Nf3".
+  std::string MoveListText(bool bShort = false) const;
   // Whether the side to move is mated now.
   bool IsMate() const;
 
