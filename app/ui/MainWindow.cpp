@@ -1,16 +1,12 @@
 #include "app/ui/MainWindow.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QSystemTrayIcon>
-#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -81,7 +77,11 @@ void CMainWindow::BuildLayout() {
   descriptionLabel->setWordWrap(true);
   descriptionLabel->setTextFormat(Qt::RichText);
   descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
+  descriptionLabel->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(descriptionLabel, &QLabel::linkActivated, this, &CMainWindow::OpenLink);
+  connect(descriptionLabel, &QLabel::linkHovered, this,
+          [this](const QString& address) { hoveredLink = address; });
+  connect(descriptionLabel, &QLabel::customContextMenuRequested, this, &CMainWindow::ShowLinkMenu);
   side->addWidget(descriptionLabel);
   moveList = new QPlainTextEdit(central);
   moveList->setObjectName("moveList");
@@ -191,47 +191,13 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   if (IsSolving()) solver->Stop();  // the controller joins the solving thread as it goes
-  if (trayIcon) trayIcon->hide();
+  HideTrayIcon();
   event->accept();
 }
 
 void CMainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   RefreshControls();
-}
-
-// MinimizeToTray: 1 always, 2 when Ctrl is held as the window is minimised, 0 never.
-void CMainWindow::changeEvent(QEvent* event) {
-  QMainWindow::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange || !isMinimized()) return;
-  const int nMode = Options().nMinimizeToTray;
-  if (nMode == 1 || (nMode == 2 && QApplication::keyboardModifiers() & Qt::ControlModifier))
-    QTimer::singleShot(0, this, &CMainWindow::MinimizeToTray);  // after the state change ends
-}
-
-// The window leaves the task bar for an icon in the notification area, whose menu brings it
-// back or closes the program; without a notification area it stays minimised.
-void CMainWindow::MinimizeToTray() {
-  if (!QSystemTrayIcon::isSystemTrayAvailable())
-    return ShowMessage(WindowText("Warning"), WindowText("Unable to Set Tray Icon"));
-  if (!trayIcon) {
-    trayIcon = new QSystemTrayIcon(windowIcon(), this);
-    trayIcon->setObjectName("trayIcon");
-    auto* menu = new QMenu(this);
-    connect(AddLabelled(menu, "Show program"), &QAction::triggered, this, [this] {
-      trayIcon->hide();
-      showNormal();
-      activateWindow();
-    });
-    connect(AddLabelled(menu, "Close program"), &QAction::triggered, this, &QWidget::close);
-    trayIcon->setContextMenu(menu);
-    connect(trayIcon, &QSystemTrayIcon::activated, this, [this] {
-      trayIcon->hide();
-      showNormal();
-    });
-  }
-  trayIcon->show();
-  hide();
 }
 
 QAction* CMainWindow::Action(const QString& name) const {

@@ -158,6 +158,8 @@ class CMainWindow : public QMainWindow {
   void ShowProblemList();
   void OpenLink(const QString& address);
   void MinimizeToTray();
+  void HideTrayIcon();
+  void ShowLinkMenu(const QPoint& where);
 
   TProblemCollection collection;
   QString filePath;
@@ -185,4 +187,5 @@ class CMainWindow : public QMainWindow {
   QMenu* recentMenu = nullptr;
   QSystemTrayIcon* trayIcon = nullptr;
   QString statusLine;
+  QString hoveredLink;  // the description's link under the mouse, empty off the links
 };

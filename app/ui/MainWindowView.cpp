@@ -1,8 +1,11 @@
 // What the window shows of the open collection: the problem and its description with the
 // database links, the position (played or being set up), the navigator's and the controls'
 // texts, and its messages.
+#include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -77,6 +80,21 @@ void CMainWindow::ShowDescription(const TProblem* problem) {
 void CMainWindow::OpenLink(const QString& address) {
   if (!QDesktopServices::openUrl(QUrl(address)))
     ShowMessage(WindowText("Warning"), WindowText("Cannot open the page %1.").arg(address));
+}
+
+// Over a link: open it or copy its address; the description editor comes with the dialogs.
+void CMainWindow::ShowLinkMenu(const QPoint& where) {
+  if (hoveredLink.isEmpty()) return;
+  QMenu* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName("linkMenu");
+  const QString address = hoveredLink;
+  connect(AddLabelled(menu, "Open page in default browser"), &QAction::triggered, this,
+          [this, address] { OpenLink(address); });
+  connect(AddLabelled(menu, "Copy address to clipboard"), &QAction::triggered, this,
+          [address] { QApplication::clipboard()->setText(address); });
+  AddLater(menu, {"Edit problem description..."});
+  menu->popup(descriptionLabel->mapToGlobal(where));
 }
 
 void CMainWindow::ShowPosition() {
