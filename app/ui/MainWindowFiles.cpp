@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QSettings>
 
 #include "app/Options.h"
@@ -89,6 +91,9 @@ bool CMainWindow::OpenFile(const QString& path) {
   collection = std::move(fresh);
   filePath = path;
   nCurrentId = 0;
+  // The last solve's report belongs to the file left.
+  resultView->clear();
+  progressLabel->clear();
   viewedBefore.clear();
   viewedAfter.clear();
   RememberRecent(path);

@@ -71,7 +71,8 @@ bool WriteProblemFile(const QString& path, const QString& problems) {
 }
 
 int main(int argc, char** argv) {
-  // Without a display the tests draw off screen; ./test gives them an X server.
+  // Without a display the tests draw off screen; ctest gives them an X server where xvfb-run
+  // is installed.
   if (qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
