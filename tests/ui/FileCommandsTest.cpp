@@ -1,13 +1,16 @@
 // The navigator's memory and list, and the File menu's commands beyond open and save: the files
 // opened last, problems appended from another file or removed because it holds them, and the
 // other programs' formats opened and saved.
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "UiTestMain.h"
 #include "core/Fen.h"
@@ -174,6 +177,29 @@ class CFileCommandsTest : public QObject {
                stipulationKept ? original.stipulation.Text() : std::string("#2"));
     }
     QCOMPARE(nShown, static_cast<int>(sample.Size()));
+  }
+
+  void FileDialogsOfferTheOtherProgramsFormats_data() {
+    QTest::addColumn<QString>("command");
+    for (const char* command : {"open", "saveAs", "appendProblems"})
+      QTest::newRow(command) << command;
+  }
+  void FileDialogsOfferTheOtherProgramsFormats() {
+    QFETCH(QString, command);
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    QStringList filters;
+    // The dialog is modal: it is read and dismissed from the event loop it runs.
+    QTimer::singleShot(0, [&filters] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      filters = dialog->nameFilters();
+      dialog->reject();
+    });
+    window->Action(command)->trigger();
+    QCOMPARE(filters, (QStringList{"Chess problems (*.cp)", "Problem solver text (*.pop *.txt)",
+                                   "EPD (*.epd)", "FEN list (*.fen)", "All files (*)"}));
+    QCOMPARE(window->FilePath(), SampleFilePath());
   }
 
   void RecentFilesOpenAgain() {

@@ -3,6 +3,8 @@
 // (scripts/screenshots.sh); with LONGMATE_MEASURE set, the time the window takes to open with
 // the sample file and the longest gap of the event loop during a two-thread solve are printed.
 // Skipped otherwise.
+#include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
@@ -120,6 +122,8 @@ class CWindowTour : public QObject {
                              "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n"));
     QVERIFY(window->OpenFile(linked));
     save("7-description-links.png");
+    window->Action("copyDiagram")->trigger();
+    QVERIFY(QApplication::clipboard()->image().save(QDir(folder).filePath("9-copied-diagram.png")));
 
     QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
     window->SetLanguage(0);
