@@ -70,15 +70,30 @@ void CMainWindow::CopyDiagram() {
   QApplication::clipboard()->setMimeData(content);
 }
 
+// The clipboard's text is tried as a FEN, then as a problem of a problem file (its position
+// and stipulation are taken), then as moves to play from the position shown.
 bool CMainWindow::PastePosition(const QString& text, bool bMirror) {
-  const std::string fenText = text.trimmed().toStdString();
+  const std::string pasted = text.trimmed().toStdString();
   TChessboard scratch;
   ClearChessboard(scratch);
+  std::optional<TStipulation> stipulation;
+  QString refusal;
   try {
-    if (!fen::ReadFen(scratch, fenText)) throw ChessException("Improper FEN code");
+    if (!fen::ReadFen(scratch, pasted)) throw ChessException("Improper FEN code");
   } catch (const ChessException& error) {
-    ShowMessage(WindowText("Warning"), error.what());
-    return false;
+    refusal = error.what();
+    TProblemCollection problems;
+    problems.ReadText(pasted, "clipboard");
+    if (!problems.Empty()) {
+      scratch = problems.Problems().begin()->second->start;
+      stipulation = problems.Problems().begin()->second->stipulation;
+    } else if (!bSettingMode && !bMirror && line.PlayText(pasted) > 0) {
+      ShowPosition();
+      return true;
+    } else {
+      ShowMessage(WindowText("Warning"), refusal);
+      return false;
+    }
   }
   TPositionEdits::TSquares squares;
   std::copy(std::begin(scratch.squares), std::end(scratch.squares), squares.begin());
@@ -88,7 +103,12 @@ bool CMainWindow::PastePosition(const QString& text, bool bMirror) {
     ShowPosition();
     return true;
   }
-  return TakeEditedSquares(squares);
+  if (!TakeEditedSquares(squares)) return false;
+  if (stipulation && stipulation->type != TStipulation::kMoveLine) {
+    CurrentProblem()->SetStipulation(*stipulation);
+    ShowProblem();
+  }
+  return true;
 }
 
 // Makes squares the start of the current problem (a new one when there is none); false, with

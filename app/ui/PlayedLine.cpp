@@ -74,6 +74,26 @@ bool TPlayedLine::Redo() {
   return Play(undone.back());
 }
 
+int TPlayedLine::PlayText(std::string_view text) {
+  int nPlayed = 0;
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t begin = text.find_first_not_of(" \t\r\n", at);
+    if (begin == std::string_view::npos) break;
+    at = std::min(text.find_first_of(" \t\r\n", begin), text.size());
+    std::string_view word = text.substr(begin, at - begin);
+    // "1." and "1..." number the moves; "1.e4" is a number and a move.
+    word.remove_prefix(std::min(word.find_first_not_of("0123456789."), word.size()));
+    if (word.empty()) continue;
+    std::optional<TMove> move = shortalgebraic::TextToMove(Current(), word);
+    for (TMove legal : LegalMoves())
+      if (!move && notation::MoveToText(Current(), legal) == word) move = legal;
+    if (!move || !Play(*move)) break;
+    ++nPlayed;
+  }
+  return nPlayed;
+}
+
 std::string TPlayedLine::MoveListText(bool bShort) const {
   std::string text;
   int number = 1;

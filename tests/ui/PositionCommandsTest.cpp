@@ -122,6 +122,31 @@ class CPositionCommandsTest : public QObject {
     QCOMPARE(ShownFen(*window), QString("8/8/8/8/8/6k1/8/3Q2K1"));
   }
 
+  // Ctrl+V takes a FEN, a problem copied with Ctrl+C, or moves to play.
+  void PastesProblemsAndMoves() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    QVERIFY(window->GoToProblem(3));
+    QTest::keyClick(window.get(), Qt::Key_C, Qt::ControlModifier);
+    const QString problemThree = ShownFen(*window);
+    QVERIFY(window->GoToProblem(2));  // 5Q2/8/8/R7/8/1k6/4K3/8
+    QApplication::clipboard()->setText("1. Ke2-e1 Kb3-b2 2. Kf2");
+    QTest::keyClick(window.get(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(window->MoveListText(), QString("1. Ke2-e1 Kb3-b2 2. Ke1-f2"));
+    QVERIFY(!window->IsModified());  // moves played change no problem
+
+    QApplication::clipboard()->setText("3 #4\n{\n\tFEN: " + problemThree + "\n}\n");
+    QTest::keyClick(window.get(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(TakeMessage(*window), QString());
+    QCOMPARE(window->CurrentId(), 2);
+    QCOMPARE(ShownFen(*window), problemThree);
+    QCOMPARE(window->CurrentProblem()->stipulation.Text(), std::string("#4"));
+    QCOMPARE(window->MoveListText(), QString());
+    QVERIFY(window->IsModified());
+  }
+
   void ReportsTheLastMoveWithoutMate() {
     auto window = OpenSampleWindow();
     QVERIFY(window);
