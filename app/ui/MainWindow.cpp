@@ -62,6 +62,7 @@ void CMainWindow::BuildLayout() {
   columns->addLayout(side, 2);
   side->addLayout(BuildNavigator(central));
   side->addLayout(BuildControls(central));
+  side->addLayout(BuildLineButtons(central));
 
   palette = new CPiecePalette(central);
   palette->setObjectName("palette");
@@ -76,6 +77,9 @@ void CMainWindow::BuildLayout() {
   descriptionLabel->setObjectName("description");
   descriptionLabel->setWordWrap(true);
   descriptionLabel->setTextFormat(Qt::RichText);
+  SetWindowToolTip(descriptionLabel,
+                   "Change description. You can use links to "
+                   "Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123");
   descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
   descriptionLabel->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(descriptionLabel, &QLabel::linkActivated, this, &CMainWindow::OpenLink);

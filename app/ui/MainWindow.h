@@ -107,6 +107,8 @@ class CMainWindow : public QMainWindow {
   void BuildLayout();
   QLayout* BuildNavigator(QWidget* central);
   QLayout* BuildControls(QWidget* central);
+  QLayout* BuildLineButtons(QWidget* central);
+  void StepLine(int nPlies);
   void BuildMenus();
   void BuildFileMenu();
   void BuildRecentMenu(QMenu* file);

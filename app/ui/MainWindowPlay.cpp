@@ -1,7 +1,9 @@
 // Moves played on the board and the position setting mode.
 #include <QCursor>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QToolButton>
 
 #include "app/Options.h"
 #include "app/ui/BoardView.h"
@@ -11,6 +13,9 @@
 #include "engine/LastMoveReport.h"
 
 namespace {
+
+// A right click on move back or redo: White's and Black's move.
+constexpr int kFewPlies = 2;
 
 QString PromotionLabel(PieceCode type) {
   switch (type) {
@@ -34,6 +39,50 @@ PieceCode AskPromotion(const std::vector<PieceCode>& types) {
 }
 
 }  // namespace
+
+// Move back and redo (a right click takes a whole move of both sides), save, and the board's
+// rotation.
+QLayout* CMainWindow::BuildLineButtons(QWidget* central) {
+  auto* buttons = new QHBoxLayout();
+  const struct {
+    const char* name;
+    const char* text;
+    const char* tip;
+    int nPlies;
+  } steps[] = {{"moveBackButton", "<<", "Move back (right click: move back a few moves)", -1},
+               {"redoMoveButton", ">>", "Redo move (right click: redo a few moves)", 1}};
+  for (const auto& step : steps) {
+    auto* button = new QToolButton(central);
+    button->setObjectName(step.name);
+    button->setText(step.text);
+    SetWindowToolTip(button, step.tip);
+    button->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(button, &QToolButton::clicked, this, [this, step] { StepLine(step.nPlies); });
+    connect(button, &QToolButton::customContextMenuRequested, this,
+            [this, step] { StepLine(step.nPlies * kFewPlies); });
+    buttons->addWidget(button);
+  }
+  auto* save = new QToolButton(central);
+  SetWindowText(save, "Save");
+  SetWindowToolTip(save, "Save changes to file");
+  connect(save, &QToolButton::clicked, this, [this] { Action("save")->trigger(); });
+  auto* rotate = new QToolButton(central);
+  SetWindowText(rotate, "Rotate");
+  SetWindowToolTip(rotate, "Rotate chessboard view");
+  connect(rotate, &QToolButton::clicked, this, [this] { Action("rotate")->trigger(); });
+  buttons->addWidget(save);
+  buttons->addWidget(rotate);
+  buttons->addStretch(1);
+  return buttons;
+}
+
+// Takes moves back (negative) or plays the ones taken back again.
+void CMainWindow::StepLine(int nPlies) {
+  bool bMoved = false;
+  for (; nPlies < 0 && line.Back(); ++nPlies) bMoved = true;
+  for (; nPlies > 0 && line.Redo(); --nPlies) bMoved = true;
+  if (bMoved) ShowPosition();
+}
 
 bool CMainWindow::PlayMove(SquareIndex from, SquareIndex to) {
   const std::vector<TMove> moves = line.LegalMoves(from, to);

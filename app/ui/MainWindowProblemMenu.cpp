@@ -37,12 +37,8 @@ void CMainWindow::BuildProblemMenu() {
     if (IsSolving()) solver->Resume();
     RefreshControls();
   });
-  AddCommand(problem, "&Move back", "moveBack", {}, [this] {
-    if (line.Back()) ShowPosition();
-  });
-  AddCommand(problem, "Re&do move", "redoMove", {}, [this] {
-    if (line.Redo()) ShowPosition();
-  });
+  AddCommand(problem, "&Move back", "moveBack", {}, [this] { StepLine(-1); });
+  AddCommand(problem, "Re&do move", "redoMove", {}, [this] { StepLine(1); });
   AddLater(problem, {"Add/edit &comment to last move\tright mouseclick"});
   BuildNavigatorCommands(problem);
 }

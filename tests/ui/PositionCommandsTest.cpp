@@ -11,6 +11,7 @@
 #include <QSystemTrayIcon>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include "UiTestMain.h"
 #include "app/Options.h"
@@ -157,6 +158,17 @@ class CPositionCommandsTest : public QObject {
     QVERIFY(!window->ResultText().contains("Last move"));
     DragPiece(board, "e1", "e2");
     QCOMPARE(window->ResultText(), QString("Last move, no mate. "));
+    // The buttons beside the board take moves back and play them again; a right click a
+    // whole move.
+    auto* back = window->findChild<QToolButton*>("moveBackButton");
+    auto* redo = window->findChild<QToolButton*>("redoMoveButton");
+    Q_EMIT back->customContextMenuRequested(QPoint(1, 1));
+    QCOMPARE(window->MoveListText(), QString("1. Ke2-e1"));
+    QTest::mouseClick(redo, Qt::LeftButton);
+    QCOMPARE(window->MoveListText(), QString("1. Ke2-e1 Kb3-b2"));
+    QTest::mouseClick(back, Qt::LeftButton);
+    Q_EMIT redo->customContextMenuRequested(QPoint(1, 1));
+    QCOMPARE(window->MoveListText(), QString("1. Ke2-e1 Kb3-b2 2. Ke1-e2"));
     // A mate with the last move: no report.
     QVERIFY(window->PastePosition("7k/8/6K1/8/8/8/8/R7"));
     window->Action("stipulationDown")->trigger();  // #1

@@ -674,5 +674,33 @@
         <source>Warning</source>
         <translation>Ostrzeżenie</translation>
     </message>
+    <message>
+        <source>Change description. You can use links to Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123</source>
+        <translation>Zmień opis. Możesz używać odnośników do Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, np. Y123</translation>
+    </message>
+    <message>
+        <source>Move back (right click: move back a few moves)</source>
+        <translation>Cofnij ruch (prawy przycisk: cofnij kilka ruchów)</translation>
+    </message>
+    <message>
+        <source>Redo move (right click: redo a few moves)</source>
+        <translation>Ponów ruch (prawy przycisk: ponów kilka ruchów)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Zapisz</translation>
+    </message>
+    <message>
+        <source>Save changes to file</source>
+        <translation>Zapisz zmiany w pliku</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Obróć</translation>
+    </message>
+    <message>
+        <source>Rotate chessboard view</source>
+        <translation>Obróć widok szachownicy</translation>
+    </message>
 </context>
 </TS>

@@ -674,5 +674,33 @@
         <source>Warning</source>
         <translation>Попередження</translation>
     </message>
+    <message>
+        <source>Change description. You can use links to Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123</source>
+        <translation>Змінити опис. Можна використовувати посилання на Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, напр. Y123</translation>
+    </message>
+    <message>
+        <source>Move back (right click: move back a few moves)</source>
+        <translation>Хід назад (правий клік: кілька ходів назад)</translation>
+    </message>
+    <message>
+        <source>Redo move (right click: redo a few moves)</source>
+        <translation>Повторити хід (правий клік: повторити кілька ходів)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Зберегти</translation>
+    </message>
+    <message>
+        <source>Save changes to file</source>
+        <translation>Зберегти зміни у файлі</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Повернути</translation>
+    </message>
+    <message>
+        <source>Rotate chessboard view</source>
+        <translation>Повернути вигляд шахівниці</translation>
+    </message>
 </context>
 </TS>
