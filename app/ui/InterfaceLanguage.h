@@ -19,7 +19,8 @@ void InstallTranslation(int nLanguageId);
 // file cannot be written.
 bool StoreLanguageId(int nLanguageId, const std::filesystem::path& iniFile);
 
-// A text of the window (buttons, messages, titles) in the language installed.
+// A text of the window (buttons, messages, titles, and the position checks' reasons that the
+// window shows) in the language installed; a text without a translation stays as it is.
 QString WindowText(const char* text);
 
 // A menu command, a menu or submenu (added to a menu bar or a menu), and commands shown but not

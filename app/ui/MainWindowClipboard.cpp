@@ -91,7 +91,7 @@ bool CMainWindow::PastePosition(const QString& text, bool bMirror) {
       ShowPosition();
       return true;
     } else {
-      ShowMessage(WindowText("Warning"), refusal);
+      ShowMessage(WindowText("Warning"), WindowText(refusal.toUtf8().constData()));
       return false;
     }
   }
@@ -116,7 +116,7 @@ bool CMainWindow::PastePosition(const QString& text, bool bMirror) {
 bool CMainWindow::TakeEditedSquares(const TPositionEdits::TSquares& squares) {
   TChessboard checked;
   if (const auto error = TPositionEdits::Validate(squares, checked)) {
-    ShowMessage(WindowText("Warning"), QString::fromStdString(*error));
+    ShowMessage(WindowText("Warning"), WindowText(error->c_str()));
     return false;
   }
   if (!CurrentProblem()) NewProblem();
@@ -143,7 +143,7 @@ void CMainWindow::Transform(transforms::ETransform transform) {
   try {
     notes = problemtransforms::Apply(transform, *CurrentProblem(), Options().nLanguageId);
   } catch (const ChessException& error) {
-    ShowMessage(WindowText("Warning"), error.what());
+    ShowMessage(WindowText("Warning"), WindowText(error.what()));
     return;
   }
   SetModified(true);

@@ -250,18 +250,22 @@ class CMainWindowTest : public QObject {
     QTest::addColumn<QString>("solve");
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("about");
+    QTest::addColumn<QString>("refusal");
     QTest::newRow("Polish") << 0 << "&Plik" << QString::fromUtf8("&Rozwiąż problem\tF5")
                             << QString::fromUtf8("Ustaw pozycję")
                             << QString::fromUtf8(
-                                   "Longmate: program rozwiązujący długie maty wprost.");
+                                   "Longmate: program rozwiązujący długie maty wprost.")
+                            << QString::fromUtf8("Niedozwolona liczba królów.");
     QTest::newRow("Ukrainian") << 2 << QString::fromUtf8("&Файл")
                                << QString::fromUtf8("&Розв'язати задачу\tF5")
                                << QString::fromUtf8("Встановити позицію")
-                               << QString::fromUtf8("Longmate: розв'язувач довгих прямих матів.");
+                               << QString::fromUtf8("Longmate: розв'язувач довгих прямих матів.")
+                               << QString::fromUtf8("Неприпустима кількість королів.");
     QTest::newRow("English") << 1 << "&File"
                              << "&Solve problem\tF5"
                              << "Set position"
-                             << "Longmate: a solver of long direct mates.";
+                             << "Longmate: a solver of long direct mates."
+                             << "Illegal number of kings.";
   }
   void LanguageMenuRelabelsAtOnceAndKeepsTheChoice() {
     QFETCH(int, language);
@@ -269,6 +273,7 @@ class CMainWindowTest : public QObject {
     QFETCH(QString, solve);
     QFETCH(QString, button);
     QFETCH(QString, about);
+    QFETCH(QString, refusal);
     QTemporaryDir folder;
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder.path()));  // where options.ini is written
@@ -279,6 +284,8 @@ class CMainWindowTest : public QObject {
     QCOMPARE(window.findChild<QPushButton*>("settingButton")->text(), button);
     window.Action("about")->trigger();
     QCOMPARE(TakeMessage(window), about);
+    QVERIFY(!window.PastePosition("8/8/8/8/8/8/8/8"));
+    QCOMPARE(TakeMessage(window), refusal);
     QVERIFY(window.Action(QString("language%1").arg(language))->isChecked());
     CIniFile settings;
     QVERIFY(settings.Load((folder.path() + "/options.ini").toStdString()));

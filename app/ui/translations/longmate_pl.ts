@@ -702,5 +702,25 @@
         <source>Rotate chessboard view</source>
         <translation>Obróć widok szachownicy</translation>
     </message>
+    <message>
+        <source>Improper FEN code</source>
+        <translation>Niepoprawny kod FEN</translation>
+    </message>
+    <message>
+        <source>Illegal number of kings.</source>
+        <translation>Niedozwolona liczba królów.</translation>
+    </message>
+    <message>
+        <source>Pawns cannot occupy 1st nor 8th line of the chessboard.</source>
+        <translation>Piony nie mogą stać na 1. ani 8. linii szachownicy.</translation>
+    </message>
+    <message>
+        <source>Both kings attacked.</source>
+        <translation>Oba króle są atakowane.</translation>
+    </message>
+    <message>
+        <source>Invalid position: Black king cannot be checked in starting position.</source>
+        <translation>Niepoprawna pozycja: czarny król nie może być szachowany w pozycji początkowej.</translation>
+    </message>
 </context>
 </TS>

@@ -702,5 +702,25 @@
         <source>Rotate chessboard view</source>
         <translation>Повернути вигляд шахівниці</translation>
     </message>
+    <message>
+        <source>Improper FEN code</source>
+        <translation>Неправильний код FEN</translation>
+    </message>
+    <message>
+        <source>Illegal number of kings.</source>
+        <translation>Неприпустима кількість королів.</translation>
+    </message>
+    <message>
+        <source>Pawns cannot occupy 1st nor 8th line of the chessboard.</source>
+        <translation>Пішаки не можуть стояти на 1-й чи 8-й горизонталі шахівниці.</translation>
+    </message>
+    <message>
+        <source>Both kings attacked.</source>
+        <translation>Обидва королі під боєм.</translation>
+    </message>
+    <message>
+        <source>Invalid position: Black king cannot be checked in starting position.</source>
+        <translation>Неправильна позиція: чорний король не може бути під шахом у початковій позиції.</translation>
+    </message>
 </context>
 </TS>
