@@ -129,6 +129,7 @@ class CMainWindow : public QMainWindow {
   void ShowDescription(const TProblem* problem);
   void ShowPosition();
   void RefreshControls();
+  void ShowStatusLine();
   void SetModified(bool bValue);
   void ShowMessage(const QString& title, const QString& text);
   void ChangeStipulation(int delta);

@@ -32,7 +32,7 @@ void CMainWindow::ConnectSolver() {
                                .arg(progress.nFirstMoves)
                                .arg(QString::fromStdString(progress.sCurrentMove))
                                .arg(progress.bPaused ? WindowText(" (paused)") : QString()));
-    RefreshControls();
+    ShowStatusLine();
   });
   connect(solver, &CSolveController::PassFinished, this, [this](const QStringList& lines) {
     for (const QString& text : lines) resultView->appendPlainText(text);

@@ -127,6 +127,11 @@ void CMainWindow::RefreshControls() {
   startButton->setText(WindowText(!IsSolving() ? "Start" : solver->IsPaused() ? "Paused" : "Stop"));
   const QString name = filePath.isEmpty() ? QString("Longmate") : filePath;
   setWindowTitle((bModified ? "*" : "") + name);
+  ShowStatusLine();
+}
+
+// The status line cut to the label's width; redrawn alone at each progress report of a solve.
+void CMainWindow::ShowStatusLine() {
   const QFontMetrics metrics(statusLabel->font());
   const auto nWidth = static_cast<std::size_t>(
       std::max(10, statusLabel->width() / std::max(1, metrics.averageCharWidth())));
