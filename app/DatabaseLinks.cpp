@@ -118,3 +118,8 @@ std::optional<std::string> PrizeTag(std::string_view award) {
   }
   return std::nullopt;
 }
+
+void TidyImportedProblem(TProblem& problem) {
+  problem.description = CleanImportedDescription(problem.description);
+  if (const auto tag = PrizeTag(problem.description)) problem.tags.insert(*tag);
+}

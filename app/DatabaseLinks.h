@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/Options.h"
+#include "problems/Problem.h"
 
 // The address before each database's query path.
 struct TLinkHosts {
@@ -36,3 +37,7 @@ std::string CleanImportedDescription(std::string_view description);
 // The tag of the prize an award text names ("1st prize", "2nd prize", "3rd prize"); nothing
 // for other awards. A shared prize counts as its first place ("1st-2nd Prize": 1st).
 std::optional<std::string> PrizeTag(std::string_view award);
+
+// What an import does to each problem it reads: the description cleaned, and the prize its
+// award text names (kept in the description) added to the tags.
+void TidyImportedProblem(TProblem& problem);

@@ -8,6 +8,7 @@
 
 #include "app/AnswerCheck.h"
 #include "app/ExpectedSortCheck.h"
+#include "app/MainVariantCheck.h"
 #include "app/RegressionTexts.h"
 #include "app/SolvingReports.h"
 #include "app/TablesService.h"
@@ -211,6 +212,9 @@ void CRegressionRunner::ReportPass(const SolvingRequest& request, TRegressionTal
       Write(regression::ProblemLine(label, problem.id, suffix, found, result.nElapsedMs));
       break;
     case EAnswerCheck::Matched:
+      if (request.nMirrorPass == 0)
+        if (const auto failure = MainVariantCheckFailure(problem))
+          return Fail(regression::FailedLine(label, problem.id, suffix, *failure));
       Write(regression::OkLine(label, problem.id, suffix, result.nElapsedMs));
       break;
     case EAnswerCheck::Mismatched:

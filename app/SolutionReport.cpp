@@ -79,8 +79,10 @@ std::string SolutionTreesJson(int nProblem, int nMoves, const std::vector<TSolut
                      ",\"moves\":" + std::to_string(nMoves) + ",\"solutions\":[";
   for (std::size_t i = 0; i < trees.size(); ++i) {
     std::string main;
-    for (const std::string* text : MainVariation(trees[i]))
-      main += (main.empty() ? "" : ",") + Quoted(*text);
+    for (const std::string* text : MainVariation(trees[i])) {
+      if (!main.empty()) main += ',';
+      main += Quoted(*text);
+    }
     json += std::string(i == 0 ? "" : ",") + "{\"key\":" + Quoted(trees[i].text) +
             ",\"mainVariation\":[" + main + "],\"tree\":" + NodeJson(trees[i]) + "}";
   }

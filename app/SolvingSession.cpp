@@ -195,7 +195,6 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .bPass2 = request.bPass2,
         .bQuickMode = !request.bSafeMode,
         .nFirstPassMs = heuristicplan::kFirstPassMs,
-        .nMaxPassMs = heuristicplan::kMaxPassMs,
         .bStopRelaxingOnFirstSolution = request.pProblem->bStopRelaxingOnFirstSolution};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);

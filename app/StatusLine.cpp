@@ -23,7 +23,7 @@ std::string Percent(double dPercent) {
 }  // namespace
 
 std::string ComposeStatusLine(const TStatusItems& items, std::size_t nWidth) {
-  std::string text = "Pass " + std::to_string(items.nPass);
+  std::string text = "Pass " + items.sPass;
   text += " SH(" + items.sHeuristics + ")";
   if (items.bSafeMode) text += " Safe mode ON";
   if (items.nGlobalRegisterBytes) text += " GR=" + FormatMemorySize(*items.nGlobalRegisterBytes);

@@ -6,7 +6,7 @@
 #include <string>
 
 struct TStatusItems {
-  int nPass = 0;
+  std::string sPass = "2";  // "1", "1b", ... under heuristics, "2" without
   std::string sHeuristics;  // the special heuristics in force for the pass, by name
   bool bSafeMode = false;   // shown only when quick mode is configured and the pass runs safe
   std::optional<std::uint64_t> nGlobalRegisterBytes;  // when precalculated data is loaded

@@ -62,8 +62,7 @@ TMemoryRun SolveWithin(const TChessboard& start, int nMoves, int nThreads, std::
 }
 
 std::string KeyTexts(const TChessboard& start, const std::vector<TMove>& keys) {
-  std::string text;
-  for (TMove key : keys) text += (text.empty() ? "" : " ") + notation::MoveToText(start, key);
+  const std::string text = notation::MovesToText(start, keys, " ");
   return text.empty() ? "-" : text;
 }
 

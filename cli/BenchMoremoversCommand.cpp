@@ -53,8 +53,7 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
                       .pTables = tables,
                       .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named),
                       .bPass2 = !args.bNoPass2,
-                      .nFirstPassMs = heuristicplan::kFirstPassMs,
-                      .nMaxPassMs = heuristicplan::kMaxPassMs});
+                      .nFirstPassMs = heuristicplan::kFirstPassMs});
   const auto begin = std::chrono::steady_clock::now();
   TRowResult result;
   TRootOutcome outcome;

@@ -33,12 +33,6 @@ struct TTiming {
   std::uint32_t nRegisterPeak = 0;
 };
 
-std::string KeyTexts(const TChessboard& start, const std::vector<TMove>& keys) {
-  std::string text;
-  for (TMove key : keys) text += (text.empty() ? "" : " ") + notation::MoveToText(start, key);
-  return text;
-}
-
 // All solutions with a fresh register per run, so that runs do not help each other. The
 // endgame tables of the working folder stay loaded from one solve to the next.
 TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSolveArguments& args,
@@ -126,7 +120,9 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
       threadedTotal += threaded.seconds;
       std::printf(" %9.3f %8.2f", threaded.seconds, single.seconds / threaded.seconds);
     }
-    std::printf("%s\n", bRight ? "" : ("  WRONG: " + KeyTexts(start, single.keys)).c_str());
+    std::printf(
+        "%s\n",
+        bRight ? "" : ("  WRONG: " + notation::MovesToText(start, single.keys, " ")).c_str());
     std::fflush(stdout);
     nWrong += bRight ? 0 : 1;
   }

@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "app/DatabaseLinks.h"
 #include "cli/Commands.h"
 #include "problems/Collection.h"
 #include "problems/ForeignFormat.h"
@@ -33,6 +34,7 @@ void Import(const TImportArguments& args) {
     std::cerr << error->Describe() << "\n";
     throw CommandExit{2};
   }
+  for (const auto& [nId, problem] : collection.Problems()) TidyImportedProblem(*problem);
   if (args.output == "-") {
     std::cout << collection.WriteText();
     return;

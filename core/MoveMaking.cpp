@@ -193,6 +193,22 @@ bool HasLegalKingStep(const TChessboard& board, bool bWhite) {
 
 }  // namespace
 
+std::vector<TMove> LegalMoves(const TChessboard& board) {
+  TMove moves[kMoveBufferSize];
+  const int n = board.IsSideToMoveInCheck() ? movegen::GenerateEvasions(board, moves)
+                                            : movegen::GenerateAllMoves(board, moves);
+  const bool bWhite = board.IsWhiteToMove();
+  std::vector<TMove> legal;
+  TChessboard scratch;
+  for (int i = 0; i < n; ++i) {
+    scratch = board;
+    scratch.parent = &board;
+    if ((bWhite ? MakeWhiteMove(scratch, moves[i]) : MakeBlackMove(scratch, moves[i])) > 0)
+      legal.push_back(moves[i]);
+  }
+  return legal;
+}
+
 bool HasLegalMove(const TChessboard& board) {
   // Works at ply 0 too (mate detection at the horizon): trial moves go to a scratch copy.
   const bool bWhite = board.IsWhiteToMove();

@@ -1,4 +1,6 @@
 #pragma once
+#include <vector>
+
 #include "core/Chessboard.h"
 #include "core/Move.h"
 
@@ -19,6 +21,10 @@ bool MakeSuccessor(const TChessboard& board, TMove move, TChessboard& child);
 // Legality test of a move code: the piece of the side to move, a generated move
 // agreeing in from, to and promotion type. On success the successor has been built.
 bool IsMoveValid(const TChessboard& board, std::uint32_t moveCode, TChessboard& successor);
+
+// The legal moves of the side to move in generation order (evasions when in check). Works at
+// ply 0 too, for the positions where the stipulation has just ended.
+std::vector<TMove> LegalMoves(const TChessboard& board);
 
 // Whether the side to move has at least one legal move (works at ply 0 too).
 bool HasLegalMove(const TChessboard& board);

@@ -35,4 +35,14 @@ std::string MoveToText(const TChessboard& board, TMove move) {
   return MoveToText(move, mover, bCapture);
 }
 
+std::string MovesToText(const TChessboard& board, const std::vector<TMove>& moves,
+                        const char* separator) {
+  std::string text;
+  for (const TMove move : moves) {
+    if (!text.empty()) text += separator;
+    text += MoveToText(board, move);
+  }
+  return text;
+}
+
 }  // namespace notation

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/Chessboard.h"
 #include "core/Move.h"
@@ -18,6 +19,9 @@ std::string SquareToText(SquareIndex s);
 std::string MoveToText(TMove move, PieceCode movingType, bool bCapture);
 // The text of a move in a position (moving piece and capture read from the board).
 std::string MoveToText(const TChessboard& board, TMove move);
+// Moves of the same position, each written as MoveToText does, joined by the separator.
+std::string MovesToText(const TChessboard& board, const std::vector<TMove>& moves,
+                        const char* separator);
 // "Ng1-f3", "e7-e8Q", "0-0" without a position; throws ChessException with
 // "Empty string", "Improper string length", "Improper full description of move",
 // or "Unknown figure letter: X".

@@ -2,23 +2,12 @@
 
 #include <vector>
 
-#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "core/PieceLetters.h"
 
 namespace shortalgebraic {
 namespace {
-
-std::vector<TMove> LegalMoves(const TChessboard& board) {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(board, moves);
-  std::vector<TMove> legal;
-  TChessboard child;
-  for (int i = 0; i < n; ++i)
-    if (movemaking::MakeSuccessor(board, moves[i], child)) legal.push_back(moves[i]);
-  return legal;
-}
 
 bool IsCastling(const TChessboard& board, TMove move) {
   const int nFiles = square::File(move.to) - square::File(move.from);
@@ -90,13 +79,13 @@ std::string Normalised(std::string_view text) {
 }  // namespace
 
 std::string MoveToText(const TChessboard& board, TMove move) {
-  return WithoutCheckSuffix(board, move, LegalMoves(board)) + CheckSuffix(board, move);
+  return WithoutCheckSuffix(board, move, movemaking::LegalMoves(board)) + CheckSuffix(board, move);
 }
 
 std::optional<TMove> TextToMove(const TChessboard& board, std::string_view text) {
   const std::string wanted = Normalised(text);
   if (wanted.empty()) return std::nullopt;
-  const std::vector<TMove> legal = LegalMoves(board);
+  const std::vector<TMove> legal = movemaking::LegalMoves(board);
   std::optional<TMove> found;
   for (const TMove& move : legal) {
     if (Normalised(WithoutCheckSuffix(board, move, legal)) != wanted) continue;

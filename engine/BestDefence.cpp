@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "engine/MateSearch.h"
 #include "engine/RegisterKey.h"
@@ -13,20 +12,6 @@ namespace {
 // The register holds no answers of problems this short, nor of positions this near the end.
 constexpr std::uint16_t kMinRegisterRootPlies = 10;
 constexpr std::uint16_t kMinRegisterPlies = 3;
-
-std::vector<TMove> LegalDefences(const TChessboard& position) {
-  TMove moves[kMoveBufferSize];
-  const int n = position.IsBlackInCheck() ? movegen::GenerateEvasions(position, moves)
-                                          : movegen::GenerateAllMoves(position, moves);
-  std::vector<TMove> legal;
-  TChessboard child;
-  for (int i = 0; i < n; ++i) {
-    child = position;
-    child.parent = &position;
-    if (movemaking::MakeBlackMove(child, moves[i]) > 0) legal.push_back(moves[i]);
-  }
-  return legal;
-}
 
 // Whether the register may be asked about child, White to move: it records neither the en
 // passant right nor answers of short problems.
@@ -41,7 +26,7 @@ class CDefenceRounds {
       : position(board), context(searchContext), search(searchContext, board.ply) {}
 
   TBestDefence Choose() {
-    candidates = LegalDefences(position);
+    candidates = movemaking::LegalMoves(position);
     // After the last move of the stipulation nothing can refute a defence.
     if (candidates.size() <= 1 || position.ply == 0) return Answer(0);
     // Black to move has an even ply: the cap is odd.

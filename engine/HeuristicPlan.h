@@ -7,11 +7,10 @@
 // Which heuristic passes a solve runs, before the pass without heuristics.
 namespace heuristicplan {
 
-// The time of the first pass under heuristics in a solve for users; each further one has
-// twice the time of the one before, up to kMaxPassMs: most passes end well before, and the
-// pass without heuristics must not wait long behind those that do not.
-inline constexpr int kFirstPassMs = 250;
-inline constexpr int kMaxPassMs = 2000;
+// The time of each pass under heuristics in the first round of a solve for users (see
+// CPassSchedule): short enough that problems the exact search solves in a second or two
+// hardly wait, the time doubling from round to round for the long ones.
+inline constexpr int kFirstPassMs = 100;
 
 // Below this many moves the exact search is quick enough: no pass under heuristics.
 inline constexpr int kMinMovesForHeuristics = 6;

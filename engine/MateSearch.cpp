@@ -40,6 +40,15 @@ CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
       logger(searchContext.pMovesLog ? std::make_unique<CMovesLogger>(*searchContext.pMovesLog)
                                      : nullptr) {}
 
+void CMateSearch::ReleaseBuffers() {
+  line = {};
+  whiteChildren = {};
+  whiteOrder = {};
+  repetitionMarks = {};
+  whiteKillers = {};
+  blackKillers = {};
+}
+
 MateResult CMateSearch::FindMate(const TChessboard& board) {
   return board.IsWhiteToMove() ? WhiteNode(board) : BlackNode(board);
 }

@@ -49,6 +49,9 @@ class CMateSearch {
     if (logger) logger->SetThread(nThread);
   }
 
+  // Gives back the buffers of the line once the search has ended (the counts stay).
+  void ReleaseBuffers();
+
   // Pauses this thread alone, beside the pause of the whole solve, or lets it run again.
   void SetPausedAlone(bool bPaused);
   // The work this search is part of; once it is abandoned (settled elsewhere) the search gives up.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "engine/PassSchedule.h"
 #include "engine/PassTimer.h"
 
 std::string TPassInfo::Label() const {
@@ -60,13 +61,9 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
   searches.push_back(std::move(search));
 }
 
-TRootOutcome CMateSolver::RunPass(int nIndex) {
+TRootOutcome CMateSolver::RunPass(std::chrono::milliseconds time) {
   context.bPassTimeUp = false;
-  if (Pass().nPass != 1 || settings.nFirstPassMs <= 0) return Current().Run(settings.nMaxSolutions);
-  std::chrono::milliseconds time(static_cast<std::int64_t>(settings.nFirstPassMs)
-                                 << std::min(nIndex, 20));
-  if (settings.nMaxPassMs > 0)
-    time = std::min(time, std::chrono::milliseconds(settings.nMaxPassMs));
+  if (time.count() <= 0) return Current().Run(settings.nMaxSolutions);
   const CPassTimer timer(time, [this] {
     context.bPassTimeUp = true;
     context.run.WakeParked();
@@ -75,17 +72,21 @@ TRootOutcome CMateSolver::RunPass(int nIndex) {
   return Current().Run(settings.nMaxSolutions);
 }
 
+TPassInfo CMateSolver::PassOfTurn(int nIndex) const {
+  if (nIndex >= static_cast<int>(settings.heuristicPasses.size())) return TPassInfo{};
+  return {.nPass = 1, .nStep = nIndex, .heuristics = settings.heuristicPasses[nIndex]};
+}
+
 TRootOutcome CMateSolver::Run() {
-  const int nPasses = static_cast<int>(settings.heuristicPasses.size()) + (settings.bPass2 ? 1 : 0);
+  CPassSchedule schedule(static_cast<int>(settings.heuristicPasses.size()), settings.bPass2,
+                         settings.nFirstPassMs);
   TRootOutcome outcome;
-  for (int i = 0; i < nPasses; ++i) {
-    if (i > 0) {
-      const bool bHeuristic = i < static_cast<int>(settings.heuristicPasses.size());
-      BeginPass(bHeuristic
-                    ? TPassInfo{.nPass = 1, .nStep = i, .heuristics = settings.heuristicPasses[i]}
-                    : TPassInfo{});
-    }
-    TRootOutcome passOutcome = RunPass(i);
+  bool bFirstTurn = true;
+  while (const auto turn = schedule.Next()) {
+    if (!bFirstTurn) BeginPass(PassOfTurn(turn->nIndex));
+    bFirstTurn = false;
+    TRootOutcome passOutcome = RunPass(turn->time);
+    Current().ReleaseBuffers();
     // Every key found is proven: the keys of earlier passes stand beside the new ones.
     for (const TMove key : outcome.keys)
       if (std::find(passOutcome.keys.begin(), passOutcome.keys.end(), key) ==
@@ -100,10 +101,10 @@ TRootOutcome CMateSolver::Run() {
                          static_cast<int>(outcome.keys.size()) >= settings.nMaxSolutions;
     const bool bTimeUp = context.bPassTimeUp.load() && !context.run.IsStopping();
     if ((outcome.bInterrupted && !bTimeUp) || outcome.nErrorCode != 0 || bEnough) break;
-    outcome.bInterrupted = false;  // the time of a heuristic pass is its own
-    if (settings.bStopRelaxingOnFirstSolution && !outcome.keys.empty() &&
-        i + 1 < static_cast<int>(settings.heuristicPasses.size()))
-      i = static_cast<int>(settings.heuristicPasses.size()) - 1;  // on to pass 2
+    outcome.bInterrupted = false;  // the time of a turn is its own
+    schedule.Ended(turn->nIndex, !bTimeUp);
+    if (settings.bStopRelaxingOnFirstSolution && !outcome.keys.empty())
+      schedule.CloseHeuristicPasses();
   }
   outcome.bPass2Skipped = !settings.bPass2 && outcome.result != mate::kMate;
   outcome.nPositions = Positions();

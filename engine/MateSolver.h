@@ -1,5 +1,6 @@
 #pragma once
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -57,10 +58,9 @@ class CMateSolver {
     bool bPass2 = true;  // false skips the pass without heuristics
     // Whether the pass without heuristics cuts lines that repeat a position (quick mode).
     bool bQuickMode = false;
-    // Time of the first pass under heuristics, doubled for each further one; a pass that
-    // has used its time gives up and the next one begins. 0: every pass runs to its end.
+    // The time of each pass under heuristics in the first round of turns (see
+    // CPassSchedule); 0: every pass runs once, to its end.
     int nFirstPassMs = 0;
-    int nMaxPassMs = 0;  // the most time of one pass under heuristics; 0: no cap
     // Once a pass under heuristics found a key, go on with the pass without them.
     bool bStopRelaxingOnFirstSolution = false;
   };
@@ -107,8 +107,10 @@ class CMateSolver {
 
  private:
   CRootSearch& Current() const { return *current.load(); }
-  // Runs the current pass, within its time when it is one under heuristics.
-  TRootOutcome RunPass(int nIndex);
+  // Runs the current pass within the time (0: to its end).
+  TRootOutcome RunPass(std::chrono::milliseconds time);
+  // The pass of turn nIndex of the schedule.
+  TPassInfo PassOfTurn(int nIndex) const;
   // Readies the context and a root search for the pass.
   void BeginPass(const TPassInfo& pass);
   bool bRepetitionCutAsked = false;
@@ -117,8 +119,8 @@ class CMateSolver {
   TSettings settings;
   CWhiteMoveHints hints;
   SearchContext context;
-  // Every pass's root search, kept while the solver lives so that readers in other threads
-  // never see one go.
+  // Every turn's root search, kept while the solver lives so that readers in other threads
+  // never see one go (an ended one gives back its buffers).
   std::vector<std::unique_ptr<CRootSearch>> searches;
   std::atomic<CRootSearch*> current{nullptr};
   mutable std::mutex passMutex;

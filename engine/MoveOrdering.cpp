@@ -90,6 +90,7 @@ int MakeHintedWhiteChildren(const TChessboard& board, TChessboard* children, TMo
 }
 
 void OrderBlackReplies(const TChessboard& board, TMove* moves, int n, TMove killer) {
+  if (n < 2) return;
   const attacks::CCheckFilter checks(board);
   std::uint8_t groupOf[kMoveBufferSize];
   int nInGroup[kGroups] = {};

@@ -1,36 +1,21 @@
 #include "engine/ProblemSortIndications.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "core/BoardTransforms.h"
-#include "core/Notation.h"
+#include "problems/MainVariant.h"
 
 namespace sortsource {
 
 TSortIndications MainVariant(const TProblem& problem) {
   TSortIndications indications;
-  if (problem.variants.empty()) return indications;
-  // The moves are read into a line of our own: the problem's line belongs to its editor.
-  std::vector<TChessboard> line(problem.start.ply + 1u);
-  TChessboard start = problem.start;
-  start.parent = nullptr;
-  std::vector<const TChessboard*> reached;
-  for (const TChessboard* p =
-           notation::ReadMoveSequence(start, problem.variants.front(), line).last;
-       p != &start; p = p->parent)
-    reached.push_back(p);
-  std::reverse(reached.begin(), reached.end());
   std::uint16_t moveNumber = 0;
-  for (const TChessboard* after : reached) {
-    const TChessboard& before = *after->parent;
-    if (!before.IsWhiteToMove()) continue;
+  for (const TVariantStep& step : MainVariantSteps(problem)) {
+    if (!step.before.IsWhiteToMove()) continue;
     TSortIndication element;
     element.moveNumber = ++moveNumber;
-    element.piece = before.squares[after->lastMove.from];
-    element.from = after->lastMove.from;
-    element.to = after->lastMove.to;
-    element.promotion = piece::TypeOf(after->lastMove.promotion);
+    element.piece = step.before.squares[step.move.from];
+    element.from = step.move.from;
+    element.to = step.move.to;
+    element.promotion = piece::TypeOf(step.move.promotion);
     indications[element.moveNumber].push_back(element);
   }
   return indications;

@@ -29,6 +29,10 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
       [this](int worker, bool bPause) { searches[worker]->SetPausedAlone(bPause); });
 }
 
+void CRootSearch::ReleaseBuffers() {
+  for (const auto& search : searches) search->ReleaseBuffers();
+}
+
 TRootOutcome CRootSearch::Run(int nMaxSolutions) {
   queue.SetKeysWanted(nMaxSolutions);
   std::vector<std::unique_ptr<CSolvingThread>> threads;

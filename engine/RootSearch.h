@@ -52,6 +52,9 @@ class CRootSearch {
   // analysis. Blocks until every worker ended; rethrows what a worker threw.
   TRootOutcome Run(int nMaxSolutions);
 
+  // Gives back the workers' move buffers once Run has returned: a solve runs many turns.
+  void ReleaseBuffers();
+
   std::uint64_t Positions() const;
   // Share of first moves finished, 0..1.
   double Progress() const { return queue.ShareDone(); }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/ChessException.h"
-#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "engine/BestDefence.h"
@@ -12,17 +11,14 @@ namespace {
 
 // The legal moves of the side to move in generation order, made into successors of board.
 std::vector<TChessboard> Successors(const TChessboard& board) {
-  TMove moves[kMoveBufferSize];
-  const int n = board.IsSideToMoveInCheck() ? movegen::GenerateEvasions(board, moves)
-                                            : movegen::GenerateAllMoves(board, moves);
   std::vector<TChessboard> successors;
-  TChessboard child;
-  for (int i = 0; i < n; ++i) {
-    child = board;
-    child.parent = &board;
-    const int made = board.IsWhiteToMove() ? movemaking::MakeWhiteMove(child, moves[i])
-                                           : movemaking::MakeBlackMove(child, moves[i]);
-    if (made > 0) successors.push_back(child);
+  for (const TMove move : movemaking::LegalMoves(board)) {
+    successors.push_back(board);
+    successors.back().parent = &board;
+    if (board.IsWhiteToMove())
+      movemaking::MakeWhiteMove(successors.back(), move);
+    else
+      movemaking::MakeBlackMove(successors.back(), move);
   }
   return successors;
 }

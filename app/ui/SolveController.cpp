@@ -15,11 +15,11 @@ QStringList ToStringList(const std::vector<std::string>& lines) {
 
 }  // namespace
 
-// The heuristics in force and the global register are not part of the snapshot: their items
-// stay empty.
+// The global register is not part of the snapshot: its item stays empty.
 TStatusItems StatusItemsOf(const TPassProgress& progress) {
   TStatusItems items;
-  items.nPass = progress.nMirrorPass;
+  items.sPass = progress.sPass;
+  items.sHeuristics = progress.sHeuristics;
   items.bSafeMode = progress.bSafeModeShown;
   items.nMoves = progress.nMoves;
   items.sTypeMark = "#";

@@ -3,6 +3,7 @@
 
 #include "ProgramRun.h"
 #include "app/DatabaseLinks.h"
+#include "problems/Collection.h"
 
 namespace {
 
@@ -122,6 +123,27 @@ TEST(DatabaseLinks, CheckListsTheLinksOfEachProblem) {
                          "     2  #2    16  no links\n"),
             std::string::npos)
       << run.out;
+}
+
+TEST(DatabaseLinks, ImportCleansDescriptionsAndTagsPrizes) {
+  if (!std::filesystem::exists(LongmateProgramPath())) GTEST_SKIP() << "longmate is not built";
+  CTempFolder folder;
+  WriteTextFile(folder / "p.epd",
+                "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 w - - dm 2; c0 \"Albrecht: Loyd, "
+                "1st-2nd Prize\";\n"
+                "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 w - - dm 2; c0 \"PDB: Loyd, "
+                "Commendation\";\n");
+  const TProgramRun run = RunLongmate(folder, "import p.epd -o p.cp");
+  ASSERT_EQ(run.nStatus, 0) << run.err;
+  TProblemCollection imported;
+  ASSERT_FALSE(imported.ReadText(ReadTextFile(folder / "p.cp"), "p.cp"));
+  ASSERT_EQ(imported.Size(), 2u);
+  const auto first = imported.Problems().begin()->second.get();
+  const auto second = std::next(imported.Problems().begin())->second.get();
+  EXPECT_EQ(first->description, "Loyd, 1st-2nd Prize");
+  EXPECT_EQ(first->tags, std::set<std::string>{"1st prize"});
+  EXPECT_EQ(second->description, "Loyd, Commendation");
+  EXPECT_TRUE(second->tags.empty());
 }
 
 }  // namespace

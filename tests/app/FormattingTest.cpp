@@ -48,7 +48,7 @@ TEST(Formatting, ElapsedTimeGainsHoursFromOneHour) {
 }
 
 TStatusItems FullItems() {
-  return {.nPass = 2,
+  return {.sPass = "1b",
           .sHeuristics = "SH_DONTLETKINGMOVE",
           .bSafeMode = true,
           .nGlobalRegisterBytes = std::uint64_t{1500} << 20,
@@ -63,14 +63,14 @@ TStatusItems FullItems() {
 
 TEST(StatusLine, ShowsEveryItemWhenItFits) {
   EXPECT_EQ(ComposeStatusLine(FullItems(), 200),
-            "Pass 2 SH(SH_DONTLETKINGMOVE) Safe mode ON GR=1.5GB 12#+2 Thrds=4 12.3% "
+            "Pass 1b SH(SH_DONTLETKINGMOVE) Safe mode ON GR=1.5GB 12#+2 Thrds=4 12.3% "
             "1234567890123 1:02:05");
   TStatusItems plain = FullItems();
   plain.bSafeMode = false;
   plain.nGlobalRegisterBytes.reset();
   plain.nExtraMoves = 0;
   plain.sHeuristics.clear();
-  EXPECT_EQ(ComposeStatusLine(plain, 200), "Pass 2 SH() 12# Thrds=4 12.3% 1234567890123 1:02:05");
+  EXPECT_EQ(ComposeStatusLine(plain, 200), "Pass 1b SH() 12# Thrds=4 12.3% 1234567890123 1:02:05");
 }
 
 TEST(StatusLine, IsCutToTheWidthEndingInDots) {
@@ -78,7 +78,7 @@ TEST(StatusLine, IsCutToTheWidthEndingInDots) {
   EXPECT_EQ(ComposeStatusLine(FullItems(), full.size()), full);
   const std::pair<std::size_t, std::string> cases[] = {
       {full.size() - 1, full.substr(0, full.size() - 5) + "... "},
-      {10, "Pass 2... "},
+      {10, "Pass 1... "},
       {4, "... "},
       {2, ".."},
       {0, ""},

@@ -71,6 +71,15 @@ const char* const kFile = R"(UTF-8
 	Answer: Qh5-a5
 	SWM: Qh5-a5
 }
+
+10 #2 GUICHECK
+//!VARIANTS
+//!1.Kc6-b6 Ka8-b8 2.Rh1-h7
+//!ENDVARIANTS
+{
+	FEN: k7/8/2K5/8/8/8/8/7R
+	Answer: Kc6-b6, Kc6-c7
+}
 )";
 
 class RegressionRunnerTest : public ::testing::Test {
@@ -136,6 +145,13 @@ TEST_F(RegressionRunnerTest, EveryKindOfOutcomeHasItsLine) {
   EXPECT_FALSE(tally.AllPassed());
   // Problem 5 was solved for one key only, and asks for all of them again.
   EXPECT_TRUE(collection.Find(5)->HasFlag(option::kAllSolutions));
+}
+
+TEST_F(RegressionRunnerTest, AMatchedKeyWhoseVariantFailsItsCheckFails) {
+  const TRegressionTally tally = Run(Problems({10}));
+  EXPECT_THAT(echoed, ElementsAre("[SnglSolution, 2thrd(s)] Test #10 failed: Error in "
+                                  "auxMate:\n\nexpected Rh1-h7\nfound Rh1-h8\n"));
+  EXPECT_EQ(tally.nFailed, 1);
 }
 
 TEST_F(RegressionRunnerTest, TheQuickRunHasItsLimitAndTheOldOneComesBack) {

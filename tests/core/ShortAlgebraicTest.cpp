@@ -18,16 +18,6 @@ TMove Squares(const std::string& from, const std::string& to, PieceCode promotio
   return TMove{index(from), index(to), promotion, 0};
 }
 
-std::vector<TMove> LegalMoves(const TChessboard& board) {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(board, moves);
-  std::vector<TMove> legal;
-  TChessboard child;
-  for (int i = 0; i < n; ++i)
-    if (movemaking::MakeSuccessor(board, moves[i], child)) legal.push_back(moves[i]);
-  return legal;
-}
-
 struct TCase {
   const char* fen;
   TMove move;
@@ -99,7 +89,7 @@ TEST(ShortAlgebraic, EveryMoveOfTheReferencePositionsReadsBack) {
       const bool bBlack = fen.find(" b ") != std::string::npos;
       const TChessboard board = ReadBoard(fen.substr(0, fen.find(' ')), bBlack ? 2 : 1);
       std::set<std::string> texts;
-      for (const TMove& move : LegalMoves(board)) {
+      for (const TMove& move : movemaking::LegalMoves(board)) {
         const std::string text = shortalgebraic::MoveToText(board, move);
         EXPECT_TRUE(texts.insert(text).second) << fen << ": two moves written " << text;
         const auto back = shortalgebraic::TextToMove(board, text);

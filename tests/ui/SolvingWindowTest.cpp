@@ -81,7 +81,7 @@ class CSolvingWindowTest : public QObject {
     QCOMPARE(started.count(), 1);
     QCOMPARE(start->text(), QString("Stop"));
     // The status line comes from the session's progress, handed to the GUI thread.
-    QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().startsWith("Pass 0 SH("), kSolveTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().startsWith("Pass "), kSolveTimeoutMs);
     QVERIFY(window->StatusText().contains(
         QString(" %1# Thrds=").arg(window->CurrentProblem()->stipulation.Moves())));
     window->Action("pause")->trigger();
@@ -112,21 +112,28 @@ class CSolvingWindowTest : public QObject {
   }
 
   void StatusLineItemsComeFromTheSnapshot_data() {
-    QTest::addColumn<int>("mirrorPass");
+    QTest::addColumn<QString>("pass");
+    QTest::addColumn<QString>("heuristics");
     QTest::addColumn<double>("share");
     QTest::addColumn<qint64>("seconds");
     QTest::addColumn<QString>("line");
-    QTest::newRow("start") << 0 << 0.0 << qint64{0} << "Pass 0 SH() 5# Thrds=4 0.0% 98765 0:00";
-    QTest::newRow("mirror, an hour")
-        << 1 << 0.125 << qint64{3665} << "Pass 1 SH() 5# Thrds=4 12.5% 98765 1:01:05";
+    QTest::newRow("pass 2 starts")
+        << "2"
+        << "" << 0.0 << qint64{0} << "Pass 2 SH() 5# Thrds=4 0.0% 98765 0:00";
+    QTest::newRow("pass 1b, an hour")
+        << "1b"
+        << "SH_DONTLETKINGMOVE" << 0.125 << qint64{3665}
+        << "Pass 1b SH(SH_DONTLETKINGMOVE) 5# Thrds=4 12.5% 98765 1:01:05";
   }
   void StatusLineItemsComeFromTheSnapshot() {
-    QFETCH(int, mirrorPass);
+    QFETCH(QString, pass);
+    QFETCH(QString, heuristics);
     QFETCH(double, share);
     QFETCH(qint64, seconds);
     QFETCH(QString, line);
     TPassProgress progress;
-    progress.nMirrorPass = mirrorPass;
+    progress.sPass = pass.toStdString();
+    progress.sHeuristics = heuristics.toStdString();
     progress.nMoves = 5;
     progress.nThreads = 4;
     progress.dShareDone = share;
