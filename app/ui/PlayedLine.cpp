@@ -1,6 +1,5 @@
 #include "app/ui/PlayedLine.h"
 
-#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "core/ShortAlgebraic.h"
@@ -31,13 +30,7 @@ void TPlayedLine::Reset(const TChessboard& board) {
 }
 
 std::vector<TMove> TPlayedLine::LegalMoves() const {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(Current(), moves);
-  std::vector<TMove> legal;
-  TChessboard child;
-  for (int i = 0; i < n; ++i)
-    if (movemaking::MakeSuccessor(Current(), moves[i], child)) legal.push_back(moves[i]);
-  return legal;
+  return movemaking::LegalMoves(Current());
 }
 
 std::vector<TMove> TPlayedLine::LegalMoves(SquareIndex from, SquareIndex to) const {
