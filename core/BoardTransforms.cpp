@@ -35,14 +35,18 @@ SquareIndex MapSquare(ETransform transform, SquareIndex s) {
   return s;
 }
 
-void Apply(ETransform transform, TChessboard& board) {
-  TChessboard result = board;
+void MapPieces(ETransform transform, const PieceCode* from, PieceCode* to) {
   for (int s = 0; s < 64; ++s) {
-    PieceCode code = board.squares[s];
+    PieceCode code = from[s];
     if (transform == ETransform::kSwapColours && code != piece::kEmpty)
       code = (piece::IsWhite(code) ? piece::kBlack : piece::kWhite) | piece::TypeOf(code);
-    result.squares[MapSquare(transform, static_cast<SquareIndex>(s))] = code;
+    to[MapSquare(transform, static_cast<SquareIndex>(s))] = code;
   }
+}
+
+void Apply(ETransform transform, TChessboard& board) {
+  TChessboard result = board;
+  MapPieces(transform, board.squares, result.squares);
   // The board changes only when the analysis accepts the result.
   Analyse(result, true);
   board = result;

@@ -20,6 +20,10 @@ constexpr int Period(ETransform transform) {
 // clockwise takes a1 to a8; the half turn a1 to h8.
 SquareIndex MapSquare(ETransform transform, SquareIndex s);
 
+// Puts each piece of the 64 squares from on the square MapSquare gives in the 64 squares to
+// (the colour swap also exchanges colours); nothing is checked.
+void MapPieces(ETransform transform, const PieceCode* from, PieceCode* to);
+
 // Moves every piece to the square MapSquare gives (the colour swap also exchanges colours).
 void Apply(ETransform transform, TChessboard& board);
 

@@ -127,3 +127,8 @@ const TProblem* TProblemCollection::Find(int id) const {
   const auto found = problems.find(id);
   return found == problems.end() ? nullptr : found->second.get();
 }
+
+std::unique_ptr<TProblem> TProblemCollection::Take(int id) {
+  auto node = problems.extract(id);
+  return node.empty() ? nullptr : std::move(node.mapped());
+}

@@ -62,6 +62,8 @@ class TProblemCollection {
   const TProblem* Find(int id) const;
   TProblem* Find(int id) { return const_cast<TProblem*>(std::as_const(*this).Find(id)); }
   bool Remove(int id) { return problems.erase(id) > 0; }
+  // Takes the problem out of the collection; nothing when there is none of that id.
+  std::unique_ptr<TProblem> Take(int id);
   const TMap& Problems() const { return problems; }
   std::size_t Size() const { return problems.size(); }
   bool Empty() const { return problems.empty(); }

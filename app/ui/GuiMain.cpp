@@ -9,6 +9,7 @@
 
 #include "app/Options.h"
 #include "app/Startup.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "problems/Collection.h"
 
@@ -33,7 +34,8 @@ int main(int argc, char** argv) {
       window.OpenFile(arguments.at(1));
     else
       window.Action("openDefault")->trigger();
-    if (!notes.isEmpty()) QMessageBox::information(&window, "Information", notes.join("\n"));
+    if (!notes.isEmpty())
+      QMessageBox::information(&window, WindowText("Information"), notes.join("\n"));
     nExit = QApplication::exec();
     settings.setValue("geometry", window.saveGeometry());
   }  // the window's solve, if any, has stopped and its thread has ended here

@@ -1,6 +1,11 @@
 #include "app/ui/InterfaceLanguage.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QCoreApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTranslator>
 #include <string>
 
@@ -8,9 +13,27 @@
 
 namespace {
 
+// The translation contexts: the menus, and the rest of the window.
+constexpr const char* kMenuContext = "Menu";
+constexpr const char* kWindowContext = "Window";
+// The properties that keep the English source of a text.
+constexpr const char* kSourceText = "sourceText";
+constexpr const char* kSourceToolTip = "sourceToolTip";
+
 QTranslator& Translator() {
   static QTranslator translator;
   return translator;
+}
+
+QString MenuText(const QByteArray& label) {
+  return QCoreApplication::translate(kMenuContext, label.constData());
+}
+
+void ShowText(QWidget* widget, const QString& text) {
+  if (auto* button = qobject_cast<QAbstractButton*>(widget))
+    button->setText(text);
+  else if (auto* label = qobject_cast<QLabel*>(widget))
+    label->setText(text);
 }
 
 }  // namespace
@@ -29,4 +52,51 @@ bool StoreLanguageId(int nLanguageId, const std::filesystem::path& iniFile) {
   settings.Load(iniFile);  // a missing file is made anew
   settings.SetString("chess", "LanguageId", std::to_string(nLanguageId));
   return settings.Save(iniFile);
+}
+
+QString WindowText(const char* text) {
+  return QCoreApplication::translate(kWindowContext, text);
+}
+
+QAction* AddLabelled(QMenu* menu, const char* label) {
+  QAction* action = menu->addAction(MenuText(label));
+  action->setProperty(kSourceText, QByteArray(label));
+  return action;
+}
+
+QMenu* AddMenu(QWidget* parent, const char* title) {
+  auto* menu = new QMenu(MenuText(title), parent);
+  menu->menuAction()->setProperty(kSourceText, QByteArray(title));
+  if (auto* bar = qobject_cast<QMenuBar*>(parent))
+    bar->addMenu(menu);
+  else
+    qobject_cast<QMenu*>(parent)->addMenu(menu);
+  return menu;
+}
+
+void AddLater(QMenu* menu, std::initializer_list<const char*> labels) {
+  for (const char* label : labels) AddLabelled(menu, label)->setEnabled(false);
+}
+
+void SetWindowText(QWidget* widget, const char* text) {
+  widget->setProperty(kSourceText, QByteArray(text));
+  ShowText(widget, WindowText(text));
+}
+
+void SetWindowToolTip(QWidget* widget, const char* tip) {
+  widget->setProperty(kSourceToolTip, QByteArray(tip));
+  widget->setToolTip(WindowText(tip));
+}
+
+void RetranslateAll(QWidget* root) {
+  for (QAction* action : root->findChildren<QAction*>()) {
+    const QByteArray source = action->property(kSourceText).toByteArray();
+    if (!source.isEmpty()) action->setText(MenuText(source));
+  }
+  for (QWidget* widget : root->findChildren<QWidget*>()) {
+    const QByteArray text = widget->property(kSourceText).toByteArray();
+    if (!text.isEmpty()) ShowText(widget, WindowText(text.constData()));
+    const QByteArray tip = widget->property(kSourceToolTip).toByteArray();
+    if (!tip.isEmpty()) widget->setToolTip(WindowText(tip.constData()));
+  }
 }

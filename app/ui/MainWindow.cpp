@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
@@ -12,26 +11,23 @@
 #include <QVBoxLayout>
 
 #include "app/Options.h"
-#include "app/StatusLine.h"
 #include "app/ThreadControls.h"
-#include "app/ThreadCountLabel.h"
 #include "app/ui/BoardView.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/PiecePalette.h"
 #include "app/ui/SolveController.h"
 #include "app/ui/StepControl.h"
 
 namespace {
 
-std::array<PieceCode, 64> SquaresOf(const TChessboard& board) {
-  std::array<PieceCode, 64> squares;
-  std::copy(std::begin(board.squares), std::end(board.squares), squares.begin());
-  return squares;
-}
+constexpr const char* kStipulationTip =
+    "Click at the top/bottom to increase/decrease number of moves (stipulation) in pos.setting "
+    "mode";
 
-QToolButton* NavigatorButton(const QString& text, const QString& tip, QWidget* parent) {
+QToolButton* NavigatorButton(const QString& text, const char* tip, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setText(text);
-  button->setToolTip(tip);
+  SetWindowToolTip(button, tip);
   return button;
 }
 
@@ -40,6 +36,7 @@ QToolButton* NavigatorButton(const QString& text, const QString& tip, QWidget* p
 CMainWindow::CMainWindow(QWidget* parent)
     : QMainWindow(parent), solver(new CSolveController(Options(), this)) {
   threads = solver->Session().DefaultThreads();
+  setWindowIcon(QIcon(":/icons/longmate.svg"));
   BuildLayout();
   BuildMenus();
   ConnectSolver();
@@ -58,33 +55,14 @@ void CMainWindow::BuildLayout() {
   auto* columns = new QHBoxLayout(central);
   board = new CBoardView(central);
   board->setObjectName("board");
-  board->setToolTip(
-      "Click at the top/bottom to increase/decrease number of moves (stipulation) in pos.setting "
-      "mode");
+  SetWindowToolTip(board, kStipulationTip);
   columns->addWidget(board, 3);
 
   auto* side = new QVBoxLayout();
   columns->addLayout(side, 2);
-  auto* navigator = new QHBoxLayout();
-  auto* first = NavigatorButton("|<", "Go to first problem", central);
-  auto* previous = NavigatorButton("<", "Previous problem", central);
-  problemLabel = new QLabel(central);
-  problemLabel->setObjectName("problemLabel");
-  problemLabel->setToolTip(
-      "Click to select another problem (right click: list with problem descriptions)");
-  auto* next = NavigatorButton(">", "Next problem", central);
-  auto* last = NavigatorButton(">|", "Go to last problem", central);
-  connect(first, &QToolButton::clicked, this, [this] { Step(-1000000); });
-  connect(previous, &QToolButton::clicked, this, [this] { Step(-1); });
-  connect(next, &QToolButton::clicked, this, [this] { Step(1); });
-  connect(last, &QToolButton::clicked, this, [this] { Step(1000000); });
-  for (QWidget* w : {static_cast<QWidget*>(first), static_cast<QWidget*>(previous),
-                     static_cast<QWidget*>(problemLabel), static_cast<QWidget*>(next),
-                     static_cast<QWidget*>(last)})
-    navigator->addWidget(w);
-  side->addLayout(navigator);
-
+  side->addLayout(BuildNavigator(central));
   side->addLayout(BuildControls(central));
+  side->addLayout(BuildLineButtons(central));
 
   palette = new CPiecePalette(central);
   palette->setObjectName("palette");
@@ -98,7 +76,16 @@ void CMainWindow::BuildLayout() {
   descriptionLabel = new QLabel(central);
   descriptionLabel->setObjectName("description");
   descriptionLabel->setWordWrap(true);
-  descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  descriptionLabel->setTextFormat(Qt::RichText);
+  SetWindowToolTip(descriptionLabel,
+                   "Change description. You can use links to "
+                   "Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123");
+  descriptionLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
+  descriptionLabel->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(descriptionLabel, &QLabel::linkActivated, this, &CMainWindow::OpenLink);
+  connect(descriptionLabel, &QLabel::linkHovered, this,
+          [this](const QString& address) { hoveredLink = address; });
+  connect(descriptionLabel, &QLabel::customContextMenuRequested, this, &CMainWindow::ShowLinkMenu);
   side->addWidget(descriptionLabel);
   moveList = new QPlainTextEdit(central);
   moveList->setObjectName("moveList");
@@ -124,32 +111,57 @@ void CMainWindow::BuildLayout() {
   resize(900, 600);
 }
 
+// First, previous, the problem's number (a click asks for another, a right click lists them
+// all), next and last.
+QLayout* CMainWindow::BuildNavigator(QWidget* central) {
+  auto* navigator = new QHBoxLayout();
+  auto* first = NavigatorButton("|<", "Go to first problem", central);
+  auto* previous = NavigatorButton("<", "Previous problem", central);
+  problemButton = new QPushButton(central);
+  problemButton->setObjectName("problemLabel");
+  problemButton->setFlat(true);
+  problemButton->setFocusPolicy(Qt::NoFocus);
+  problemButton->setContextMenuPolicy(Qt::CustomContextMenu);
+  SetWindowToolTip(problemButton,
+                   "Click to select another problem (right click: list with problem descriptions)");
+  auto* next = NavigatorButton(">", "Next problem", central);
+  auto* last = NavigatorButton(">|", "Go to last problem", central);
+  connect(first, &QToolButton::clicked, this, [this] { Step(-1000000); });
+  connect(previous, &QToolButton::clicked, this, [this] { Step(-1); });
+  connect(problemButton, &QPushButton::clicked, this, &CMainWindow::AskProblemNumber);
+  connect(problemButton, &QPushButton::customContextMenuRequested, this,
+          &CMainWindow::ShowProblemList);
+  connect(next, &QToolButton::clicked, this, [this] { Step(1); });
+  connect(last, &QToolButton::clicked, this, [this] { Step(1000000); });
+  for (QWidget* w : std::initializer_list<QWidget*>{first, previous, problemButton, next, last})
+    navigator->addWidget(w);
+  return navigator;
+}
+
 // The stipulation and thread controls, the Start button and the setting-mode switch.
 QLayout* CMainWindow::BuildControls(QWidget* central) {
   auto* controls = new QHBoxLayout();
   stipulationControl = new CStepControl(central);
   stipulationControl->setObjectName("stipulation");
-  stipulationControl->setToolTip(
-      "Click at the top/bottom to increase/decrease number of moves (stipulation) in pos.setting "
-      "mode");
+  SetWindowToolTip(stipulationControl, kStipulationTip);
   connect(stipulationControl, &CStepControl::Stepped, this,
           [this](int direction, Qt::MouseButton button) {
             ChangeStipulation(direction * (button == Qt::RightButton ? 10 : 1));
           });
   threadControl = new CStepControl(central);
   threadControl->setObjectName("threads");
-  threadControl->setToolTip(
-      "Click at the bottom/top of icon to decrease/increase number of engine threads (applies to "
-      "1st move)");
+  SetWindowToolTip(threadControl,
+                   "Click at the bottom/top of icon to decrease/increase number of engine "
+                   "threads (applies to 1st move)");
   connect(threadControl, &CStepControl::Stepped, this, [this](int direction, Qt::MouseButton) {
     threads.nThreads = ClickThreadControl(threads.nThreads, threads.nLevels, direction > 0);
     RefreshControls();
   });
   startButton = new QPushButton(central);
   startButton->setObjectName("start");
-  startButton->setToolTip(
-      "Start/stop (right click: find all solutions/pause; +Ctrl: display heuristics selection "
-      "dialog)");
+  SetWindowToolTip(startButton,
+                   "Start/stop (right click: find all solutions/pause; +Ctrl: display heuristics "
+                   "selection dialog)");
   startButton->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(startButton, &QPushButton::clicked, this, [this] {
     if (IsSolving())
@@ -166,117 +178,15 @@ QLayout* CMainWindow::BuildControls(QWidget* central) {
       solver->PauseAll();
     RefreshControls();
   });
-  auto* setting = new QPushButton("Set position", central);
+  auto* setting = new QPushButton(central);
   setting->setObjectName("settingButton");
-  setting->setToolTip("Start/stop position setting");
+  SetWindowText(setting, "Set position");
+  SetWindowToolTip(setting, "Start/stop position setting");
   connect(setting, &QPushButton::clicked, this, [this] { SetSettingMode(!bSettingMode); });
-  controls->addWidget(stipulationControl);
-  controls->addWidget(threadControl);
-  controls->addWidget(startButton);
-  controls->addWidget(setting);
+  for (QWidget* w :
+       std::initializer_list<QWidget*>{stipulationControl, threadControl, startButton, setting})
+    controls->addWidget(w);
   return controls;
-}
-
-TProblem* CMainWindow::CurrentProblem() {
-  return collection.Find(nCurrentId);
-}
-
-bool CMainWindow::GoToProblem(int id) {
-  if (!collection.Find(id) || bSettingMode) return false;
-  nCurrentId = id;
-  ShowProblem();
-  return true;
-}
-
-// Moves through the problems in id order; a large step stops at the first or the last.
-void CMainWindow::Step(int direction) {
-  const auto& problems = collection.Problems();
-  auto at = problems.find(nCurrentId);
-  if (at == problems.end()) return;
-  for (; direction > 0 && std::next(at) != problems.end(); --direction) ++at;
-  for (; direction < 0 && at != problems.begin(); ++direction) --at;
-  GoToProblem(at->first);
-}
-
-void CMainWindow::ShowProblem() {
-  if (!CurrentProblem() && !collection.Empty()) nCurrentId = collection.Problems().begin()->first;
-  const TProblem* problem = CurrentProblem();
-  TChessboard empty;
-  ClearChessboard(empty);
-  empty.ply = 1;
-  line.Reset(problem ? problem->start : empty);
-  descriptionLabel->setText(problem ? QString::fromStdString(problem->description) : QString());
-  ShowPosition();
-  Q_EMIT ProblemShown(nCurrentId);
-}
-
-void CMainWindow::ShowPosition() {
-  if (bSettingMode) {
-    board->SetSquares(edits.Squares(), true);
-    board->SetMarks(square::kNone, square::kNone);
-  } else {
-    board->SetSquares(SquaresOf(line.Current()), line.Current().IsWhiteToMove());
-    const bool bMoved = line.MovesPlayed() > 0;
-    board->SetMarks(bMoved ? line.Current().lastMove.from : square::kNone,
-                    bMoved ? line.Current().lastMove.to : square::kNone);
-  }
-  board->SetSelected(square::kNone);
-  // The moves belong to the position as it was; setting mode shows none.
-  moveList->setPlainText(bSettingMode ? QString() : QString::fromStdString(line.MoveListText()));
-  RefreshControls();
-}
-
-void CMainWindow::RefreshControls() {
-  const TProblem* problem = CurrentProblem();
-  const auto& problems = collection.Problems();
-  const int nIndex =
-      problem ? static_cast<int>(std::distance(problems.begin(), problems.find(nCurrentId))) + 1
-              : 0;
-  problemLabel->setText(QString("%1 (%2/%3)").arg(nCurrentId).arg(nIndex).arg(problems.size()));
-  stipulationControl->SetText(problem ? QString::fromStdString(problem->stipulation.Text())
-                                      : QString("-"));
-  threadControl->SetText(
-      QString::fromStdString(ThreadCountLabel(threads.nThreads, EThreadLabelMode::CountOnly)));
-  startButton->setText(!IsSolving() ? "Start" : solver->IsPaused() ? "Paused" : "Stop");
-  const QString name = filePath.isEmpty() ? QString("Longmate") : filePath;
-  setWindowTitle((bModified ? "*" : "") + name);
-  const QFontMetrics metrics(statusLabel->font());
-  const auto nWidth = static_cast<std::size_t>(
-      std::max(10, statusLabel->width() / std::max(1, metrics.averageCharWidth())));
-  statusLabel->setText(statusLine.size() > static_cast<qsizetype>(nWidth)
-                           ? statusLine.left(static_cast<qsizetype>(nWidth) - 4) + "... "
-                           : statusLine);
-}
-
-void CMainWindow::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  RefreshControls();
-}
-
-void CMainWindow::SetModified(bool bValue) {
-  bModified = bValue;
-  RefreshControls();
-}
-
-// Messages never block the window: a test or a running solve goes on while one is shown.
-void CMainWindow::ShowMessage(const QString& title, const QString& text) {
-  auto* box = new QMessageBox(QMessageBox::Information, title, text, QMessageBox::Ok, this);
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setObjectName("messageBox");
-  box->open();
-}
-
-void CMainWindow::ChangeStipulation(int delta) {
-  TProblem* problem = CurrentProblem();
-  if (!problem || problem->stipulation.type == TStipulation::kMoveLine) return;
-  if (IsSolving() && nSolvingId == nCurrentId) return;  // the engine reads it
-  const int nMoves = std::clamp(problem->stipulation.Moves() + delta, 1, TStipulation::kMaxMoves);
-  if (nMoves == problem->stipulation.Moves()) return;
-  problem->SetStipulation(problem->stipulation.type == TStipulation::kSelfmate
-                              ? TStipulation::Selfmate(nMoves)
-                              : TStipulation::DirectMate(nMoves));
-  SetModified(true);
-  ShowProblem();
 }
 
 void CMainWindow::closeEvent(QCloseEvent* event) {
@@ -285,7 +195,13 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   if (IsSolving()) solver->Stop();  // the controller joins the solving thread as it goes
+  HideTrayIcon();
   event->accept();
+}
+
+void CMainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  RefreshControls();
 }
 
 QAction* CMainWindow::Action(const QString& name) const {
@@ -302,4 +218,8 @@ QString CMainWindow::ResultText() const {
 
 QString CMainWindow::MoveListText() const {
   return moveList->toPlainText();
+}
+
+QString CMainWindow::DescriptionText() const {
+  return descriptionLabel->text();
 }

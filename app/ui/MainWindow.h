@@ -4,6 +4,7 @@
 // of the position shown; the engine is reached through the solve controller only.
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "app/ThreadSettings.h"
 #include "app/ui/PlayedLine.h"
 #include "app/ui/PositionEdits.h"
+#include "core/BoardTransforms.h"
 #include "problems/Collection.h"
 
 class CBoardView;
@@ -23,6 +25,10 @@ class QLayout;
 class QMenu;
 class QPlainTextEdit;
 class QPushButton;
+class QSystemTrayIcon;
+
+// What a file chooser is asked for.
+enum class EFileQuestion { kOpen, kSaveAs, kNewFile, kAppend, kRemovePresent };
 
 class CMainWindow : public QMainWindow {
   Q_OBJECT
@@ -30,18 +36,32 @@ class CMainWindow : public QMainWindow {
   explicit CMainWindow(QWidget* parent = nullptr);
   ~CMainWindow() override;
 
-  // Opens a problem file and shows its first problem; false (with a message) when it cannot
-  // be read. Unsaved changes are asked about first.
+  // Opens a problem file (.cp, or one of the foreign formats by its extension) and shows its
+  // first problem; false (with a message) when it cannot be read. Unsaved changes are asked
+  // about first.
   bool OpenFile(const QString& path);
+  // Saves the collection, in the foreign format the extension names or as a problem file.
   bool SaveFile(const QString& path);
   const QString& FilePath() const { return filePath; }
   bool IsModified() const { return bModified; }
   // Asks what to do with unsaved changes; false when the user cancels.
   bool ConfirmDiscard();
+  // Adds the other file's problems after the last one; removes the problems whose position
+  // and stipulation the other file holds. The number of problems added or removed, -1 when
+  // the file cannot be read.
+  int AppendProblems(const QString& path);
+  int RemovePresentProblems(const QString& path);
+  // The files opened last, the newest first.
+  QStringList RecentFiles() const;
+  // Picks a file for the question; a file dialog unless replaced. Empty when dismissed.
+  std::function<QString(EFileQuestion)> chooseFile;
 
-  // The navigator.
+  // The navigator. Every change of problem is remembered for ViewedBack and ViewedForward
+  // (Ctrl+Minus, Ctrl+Plus).
   bool GoToProblem(int id);
   void Step(int direction);
+  bool ViewedBack();
+  bool ViewedForward();
   int CurrentId() const { return nCurrentId; }
   TProblem* CurrentProblem();
 
@@ -59,8 +79,8 @@ class CMainWindow : public QMainWindow {
   void SetSettingMode(bool bOn);
   bool IsSettingMode() const { return bSettingMode; }
   // Sets the position from a FEN or a problem text (the clipboard's content); false with a
-  // message when it is neither.
-  bool PastePosition(const QString& text);
+  // message when it is neither. bMirror pastes it mirrored left to right.
+  bool PastePosition(const QString& text, bool bMirror = false);
 
   // Relabels every menu in the language (0 Polish, 1 English, 2 Ukrainian), makes the other
   // texts follow it and keeps it as LanguageId in the settings file.
@@ -70,6 +90,7 @@ class CMainWindow : public QMainWindow {
   QString StatusText() const;
   QString ResultText() const;
   QString MoveListText() const;
+  QString DescriptionText() const;
 
  Q_SIGNALS:
   // The window's view of a solve changed: started, or finished with its report shown.
@@ -80,49 +101,79 @@ class CMainWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void BuildLayout();
+  QLayout* BuildNavigator(QWidget* central);
   QLayout* BuildControls(QWidget* central);
+  QLayout* BuildLineButtons(QWidget* central);
+  void StepLine(int nPlies);
   void BuildMenus();
   void BuildFileMenu();
+  void BuildRecentMenu(QMenu* file);
   void BuildPositionMenu();
+  void BuildTransformCommands(QMenu* position);
   void BuildProblemMenu();
+  void BuildNavigatorCommands(QMenu* problem);
   void BuildOtherMenus();
+  void BuildPriorityMenu();
   void BuildLanguageMenu();
   void ShowLanguage(int nLanguageId);
   QAction* AddCommand(QMenu* menu, const char* text, const QString& name, const QKeySequence& key,
                       std::function<void()> work);
   void ConnectSolver();
 
+  void ShowProblem(int id);
   void ShowProblem();
+  void ShowDescription(const TProblem* problem);
   void ShowPosition();
   void RefreshControls();
+  void ShowStatusLine();
   void SetModified(bool bValue);
   void ShowMessage(const QString& title, const QString& text);
   void ChangeStipulation(int delta);
   void OnBoardClick(int square, Qt::MouseButton button);
   void OnBoardDrag(int from, int to);
+  void ReportLastMove();
   void OnSolveFinished();
   void ShowKeyMove(TMove key);
   bool LeaveSettingMode();
   void UndoEdit(bool bRedo);
   void CopyFen(bool bFull);
+  void CopyProblem(bool bVariants, bool bTags);
+  void CopyDiagram();
+  void Transform(transforms::ETransform transform);
+  void ShiftPosition(int nFiles, int nRanks);
+  bool TakeEditedSquares(const TPositionEdits::TSquares& squares);
+  bool CanChangeProblem();
+  // Reads a problem file or another program's file into problems; the notes on its problems
+  // and the error that stopped the reading (the problems before it stay) go to notes. False
+  // when nothing could be read.
+  static bool ReadProblemsFile(const QString& path, TProblemCollection& problems,
+                               QStringList& notes);
   void OpenNamedFile(const char* name, bool bCreate);
+  QString AskFile(EFileQuestion question);
+  void RememberRecent(const QString& path);
   void SaveAs();
   void NewProblem();
   void AskProblemNumber();
+  void ShowProblemList();
+  void OpenLink(const QString& address);
+  void MinimizeToTray();
+  void HideTrayIcon();
+  void ShowLinkMenu(const QPoint& where);
 
   TProblemCollection collection;
   QString filePath;
   bool bModified = false;
   int nCurrentId = 0;
+  std::vector<int> viewedBefore, viewedAfter;  // the ids left by Ctrl+Minus and Ctrl+Plus
   TPlayedLine line;
   TPositionEdits edits;
   bool bSettingMode = false;
   TThreadSettings threads;
   int nSolvingId = 0;
-  QStringList reportLines;
 
   CSolveController* solver = nullptr;
   CBoardView* board = nullptr;
@@ -130,11 +181,14 @@ class CMainWindow : public QMainWindow {
   CStepControl* stipulationControl = nullptr;
   CStepControl* threadControl = nullptr;
   QPushButton* startButton = nullptr;
-  QLabel* problemLabel = nullptr;
+  QPushButton* problemButton = nullptr;
   QLabel* descriptionLabel = nullptr;
   QLabel* progressLabel = nullptr;
   QLabel* statusLabel = nullptr;
   QPlainTextEdit* moveList = nullptr;
   QPlainTextEdit* resultView = nullptr;
+  QMenu* recentMenu = nullptr;
+  QSystemTrayIcon* trayIcon = nullptr;
   QString statusLine;
+  QString hoveredLink;  // the description's link under the mouse, empty off the links
 };

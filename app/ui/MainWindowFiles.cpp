@@ -1,23 +1,31 @@
-// The window's files and clipboard: opening and saving problem files, the unsaved-changes
-// question, new problems, and positions copied out or pasted in as FEN.
-#include <QApplication>
-#include <QClipboard>
+// The window's files: opening and saving problem files and the other programs' formats, the
+// unsaved-changes question, the file chooser and the files opened last.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QSettings>
 
 #include "app/Options.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
-#include "app/ui/SolveController.h"
-#include "core/ChessException.h"
-#include "core/Fen.h"
+#include "problems/ForeignFormat.h"
+#include "problems/SafeFile.h"
 
 namespace {
 
-const char* const kFileFilter = "Chess problems (*.cp);;All files (*)";
+// The problem files first, then the formats of other programs, recognised by their extension.
+const char* const kFileFilter =
+    "Chess problems (*.cp);;Problem solver text (*.pop *.txt);;EPD (*.epd);;FEN list (*.fen);;"
+    "All files (*)";
+constexpr const char* kRecentKey = "recentFiles";
+constexpr int kRecentCount = 8;
+// Positions of an EPD or FEN list without a stipulation become mates in this many moves, as
+// a new problem is.
+constexpr int kImportedMoves = 2;
 
 // Where a file that comes with the program is looked for: the working folder, the program's
 // folder, and the shared data folder of an installed program.
@@ -33,10 +41,30 @@ QString FindProgramFile(const QString& name) {
 
 }  // namespace
 
+bool CMainWindow::ReadProblemsFile(const QString& path, TProblemCollection& problems,
+                                   QStringList& notes) {
+  const std::string name = path.toStdString();
+  std::optional<TFileError> error;
+  if (const auto format = FormatFromFileName(name))
+    error = ImportFile(name, *format, {.nDefaultMoves = kImportedMoves}, problems);
+  else
+    error = problems.ReadFile(
+        name, {.bCreateIfMissing = false,
+               .note =
+                   [&notes](const TProblem& problem, const std::vector<std::string>& lines) {
+                     for (const std::string& note : lines)
+                       notes << QString("%1: %2").arg(problem.id).arg(QString::fromStdString(note));
+                   },
+               .nLanguageId = Options().nLanguageId});
+  if (error) notes.prepend(QString::fromStdString(error->Describe()));
+  return !problems.Empty() || !error;
+}
+
 bool CMainWindow::ConfirmDiscard() {
   if (!bModified) return true;
   const auto answer = QMessageBox::question(
-      this, "Warning", "The problems have been changed. Save changes to file?",
+      this, WindowText("Warning"),
+      WindowText("The problems have been changed. Save changes to file?"),
       QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
   if (answer == QMessageBox::Cancel) return false;
   if (answer == QMessageBox::Discard) return true;
@@ -49,49 +77,78 @@ bool CMainWindow::ConfirmDiscard() {
 
 bool CMainWindow::OpenFile(const QString& path) {
   if (IsSolving()) {
-    ShowMessage("Information", "Stop solving before another file is opened.");
+    ShowMessage(WindowText("Information"),
+                WindowText("Stop solving before another file is opened."));
     return false;
   }
   if (!ConfirmDiscard()) return false;
   TProblemCollection fresh;
   QStringList notes;
-  const auto error = fresh.ReadFile(
-      path.toStdString(),
-      {.bCreateIfMissing = false,
-       .note =
-           [&notes](const TProblem& problem, const std::vector<std::string>& lines) {
-             for (const std::string& note : lines)
-               notes << QString("%1: %2").arg(problem.id).arg(QString::fromStdString(note));
-           },
-       .nLanguageId = Options().nLanguageId});
-  if (error && fresh.Empty()) {
-    ShowMessage("Warning", QString::fromStdString(error->Describe()));
+  if (!ReadProblemsFile(path, fresh, notes)) {
+    ShowMessage(WindowText("Warning"), notes.join("\n"));
     return false;
   }
-  // A bad problem ends the reading; the problems before it are kept and shown.
-  if (error) notes.prepend(QString::fromStdString(error->Describe()));
   collection = std::move(fresh);
   filePath = path;
   nCurrentId = 0;
+  // The last solve's report belongs to the file left.
+  resultView->clear();
+  progressLabel->clear();
+  viewedBefore.clear();
+  viewedAfter.clear();
+  RememberRecent(path);
   SetModified(false);
   ShowProblem();
-  if (!notes.isEmpty()) ShowMessage("Warning", notes.join("\n"));
+  if (!notes.isEmpty()) ShowMessage(WindowText("Warning"), notes.join("\n"));
   return true;
 }
 
+// What another program's format cannot hold is said after the file is written.
 bool CMainWindow::SaveFile(const QString& path) {
-  if (const auto error = collection.WriteFile(path.toStdString())) {
-    ShowMessage("Warning", QString::fromStdString(*error));
+  const std::string name = path.toStdString();
+  std::optional<std::string> error;
+  QStringList warnings;
+  if (const auto format = FormatFromFileName(name)) {
+    const TExportResult exported = ExportText(collection, *format);
+    for (const std::string& warning : exported.warnings)
+      warnings << QString::fromStdString(warning);
+    error = safefile::Save(name, exported.text);
+  } else {
+    error = collection.WriteFile(name);
+  }
+  if (error) {
+    ShowMessage(WindowText("Warning"), QString::fromStdString(*error));
     return false;
   }
   filePath = path;
+  RememberRecent(path);
   SetModified(false);
+  if (!warnings.isEmpty()) ShowMessage(WindowText("Warning"), warnings.join("\n"));
   return true;
 }
 
 void CMainWindow::SaveAs() {
-  const QString path = QFileDialog::getSaveFileName(this, "Save as", filePath, kFileFilter);
+  const QString path = AskFile(EFileQuestion::kSaveAs);
   if (!path.isEmpty()) SaveFile(path);
+}
+
+QString CMainWindow::AskFile(EFileQuestion question) {
+  if (chooseFile) return chooseFile(question);
+  const QString folder = QFileInfo(filePath).path();
+  const QString filter = WindowText(kFileFilter);
+  switch (question) {
+    case EFileQuestion::kSaveAs:
+      return QFileDialog::getSaveFileName(this, WindowText("Save as"), filePath, filter);
+    case EFileQuestion::kNewFile:
+      return QFileDialog::getSaveFileName(this, WindowText("New file"), folder, filter);
+    case EFileQuestion::kAppend:
+      return QFileDialog::getOpenFileName(this, WindowText("Append problems"), folder, filter);
+    case EFileQuestion::kRemovePresent:
+      return QFileDialog::getOpenFileName(this, WindowText("Remove problems"), folder, filter);
+    case EFileQuestion::kOpen:
+      break;
+  }
+  return QFileDialog::getOpenFileName(this, WindowText("Open"), folder, filter);
 }
 
 // nullptr: a new file chosen by the user; "": a file chosen by the user; otherwise a file of
@@ -99,83 +156,32 @@ void CMainWindow::SaveAs() {
 void CMainWindow::OpenNamedFile(const char* name, bool bCreate) {
   QString path;
   if (name == nullptr) {
-    path = QFileDialog::getSaveFileName(this, "New file", QString(), kFileFilter);
+    path = AskFile(EFileQuestion::kNewFile);
     if (path.isEmpty()) return;
     if (const auto error =
             TProblemCollection::WriteNewFile(path.toStdString(), Options().nLanguageId))
-      return ShowMessage("Warning", QString::fromStdString(*error));
+      return ShowMessage(WindowText("Warning"), QString::fromStdString(*error));
   } else if (*name == '\0') {
-    path = QFileDialog::getOpenFileName(this, "Open", QFileInfo(filePath).path(), kFileFilter);
+    path = AskFile(EFileQuestion::kOpen);
     if (path.isEmpty()) return;
   } else {
     path = FindProgramFile(name);
     if (bCreate && !QFileInfo::exists(path))
       if (const auto error =
               TProblemCollection::WriteNewFile(path.toStdString(), Options().nLanguageId))
-        return ShowMessage("Warning", QString::fromStdString(*error));
+        return ShowMessage(WindowText("Warning"), QString::fromStdString(*error));
   }
   OpenFile(path);
 }
 
-// A mate in 2 with the two kings on their home squares, after the last problem.
-void CMainWindow::NewProblem() {
-  auto problem = std::make_unique<TProblem>();
-  problem->id = collection.Empty() ? 1 : collection.Problems().rbegin()->first + 1;
-  ClearChessboard(problem->start);
-  problem->start.squares[square::kE1] = piece::kWhiteKing;
-  problem->start.squares[square::kE8] = piece::kBlackKing;
-  problem->SetStipulation(TStipulation::DirectMate(2));
-  Analyse(problem->start, true);
-  nCurrentId = problem->id;
-  collection.Put(std::move(problem));
-  SetModified(true);
-  ShowProblem();
+QStringList CMainWindow::RecentFiles() const {
+  return QSettings().value(kRecentKey).toStringList();
 }
 
-void CMainWindow::AskProblemNumber() {
-  if (collection.Empty()) return;
-  bool bOk = false;
-  const int id = QInputDialog::getInt(this, "Select problem number", "Problem number:", nCurrentId,
-                                      collection.Problems().begin()->first,
-                                      collection.Problems().rbegin()->first, 1, &bOk);
-  if (bOk && !GoToProblem(id)) ShowMessage("Information", QString("No problem %1.").arg(id));
-}
-
-void CMainWindow::CopyFen(bool bFull) {
-  TChessboard shown = line.Current();
-  if (bSettingMode && TPositionEdits::Validate(edits.Squares(), shown)) return;
-  QApplication::clipboard()->setText(
-      QString::fromStdString(bFull ? fen::WriteFullFen(shown) : fen::WriteShortFen(shown)));
-}
-
-bool CMainWindow::PastePosition(const QString& text) {
-  const std::string fenText = text.trimmed().toStdString();
-  TChessboard scratch;
-  ClearChessboard(scratch);
-  try {
-    if (!fen::ReadFen(scratch, fenText)) throw ChessException("Improper FEN code");
-  } catch (const ChessException& error) {
-    ShowMessage("Warning", error.what());
-    return false;
-  }
-  TPositionEdits::TSquares squares;
-  std::copy(std::begin(scratch.squares), std::end(scratch.squares), squares.begin());
-  if (bSettingMode) {
-    edits.Replace(squares);
-    ShowPosition();
-    return true;
-  }
-  if (const auto error = TPositionEdits::Validate(squares, scratch)) {
-    ShowMessage("Warning", QString::fromStdString(*error));
-    return false;
-  }
-  if (!CurrentProblem()) NewProblem();
-  TProblem* problem = CurrentProblem();
-  if (!problem || (IsSolving() && nSolvingId == nCurrentId)) return false;
-  std::copy(squares.begin(), squares.end(), problem->start.squares);
-  problem->ResetLine();
-  Analyse(problem->start, true);
-  SetModified(true);
-  ShowProblem();
-  return true;
+void CMainWindow::RememberRecent(const QString& path) {
+  QStringList paths = RecentFiles();
+  const QString full = QFileInfo(path).absoluteFilePath();
+  paths.removeAll(full);
+  paths.prepend(full);
+  QSettings().setValue(kRecentKey, paths.mid(0, kRecentCount));
 }

@@ -1,25 +1,32 @@
 // Moves played on the board and the position setting mode.
 #include <QCursor>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QToolButton>
 
+#include "app/Options.h"
 #include "app/ui/BoardView.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "app/ui/PiecePalette.h"
-#include "core/Notation.h"
+#include "engine/LastMoveReport.h"
 
 namespace {
 
-const char* PromotionLabel(PieceCode type) {
+// A right click on move back or redo: White's and Black's move.
+constexpr int kFewPlies = 2;
+
+QString PromotionLabel(PieceCode type) {
   switch (type) {
     case piece::kQueen:
-      return "Queen";
+      return WindowText("Queen");
     case piece::kRook:
-      return "Rook";
+      return WindowText("Rook");
     case piece::kBishop:
-      return "Bishop";
+      return WindowText("Bishop");
     default:
-      return "Knight";
+      return WindowText("Knight");
   }
 }
 
@@ -32,6 +39,50 @@ PieceCode AskPromotion(const std::vector<PieceCode>& types) {
 }
 
 }  // namespace
+
+// Move back and redo (a right click takes a whole move of both sides), save, and the board's
+// rotation.
+QLayout* CMainWindow::BuildLineButtons(QWidget* central) {
+  auto* buttons = new QHBoxLayout();
+  const struct {
+    const char* name;
+    const char* text;
+    const char* tip;
+    int nPlies;
+  } steps[] = {{"moveBackButton", "<<", "Move back (right click: move back a few moves)", -1},
+               {"redoMoveButton", ">>", "Redo move (right click: redo a few moves)", 1}};
+  for (const auto& step : steps) {
+    auto* button = new QToolButton(central);
+    button->setObjectName(step.name);
+    button->setText(step.text);
+    SetWindowToolTip(button, step.tip);
+    button->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(button, &QToolButton::clicked, this, [this, step] { StepLine(step.nPlies); });
+    connect(button, &QToolButton::customContextMenuRequested, this,
+            [this, step] { StepLine(step.nPlies * kFewPlies); });
+    buttons->addWidget(button);
+  }
+  auto* save = new QToolButton(central);
+  SetWindowText(save, "Save");
+  SetWindowToolTip(save, "Save changes to file");
+  connect(save, &QToolButton::clicked, this, [this] { Action("save")->trigger(); });
+  auto* rotate = new QToolButton(central);
+  SetWindowText(rotate, "Rotate");
+  SetWindowToolTip(rotate, "Rotate chessboard view");
+  connect(rotate, &QToolButton::clicked, this, [this] { Action("rotate")->trigger(); });
+  buttons->addWidget(save);
+  buttons->addWidget(rotate);
+  buttons->addStretch(1);
+  return buttons;
+}
+
+// Takes moves back (negative) or plays the ones taken back again.
+void CMainWindow::StepLine(int nPlies) {
+  bool bMoved = false;
+  for (; nPlies < 0 && line.Back(); ++nPlies) bMoved = true;
+  for (; nPlies > 0 && line.Redo(); --nPlies) bMoved = true;
+  if (bMoved) ShowPosition();
+}
 
 bool CMainWindow::PlayMove(SquareIndex from, SquareIndex to) {
   const std::vector<TMove> moves = line.LegalMoves(from, to);
@@ -48,7 +99,20 @@ bool CMainWindow::PlayMove(SquareIndex from, SquareIndex to) {
   }
   if (!line.Play(move)) return false;
   ShowPosition();
+  ReportLastMove();
   return true;
+}
+
+// When White's last move of a direct mate has been played without mate, the report says so
+// and names Black's replies to a check.
+void CMainWindow::ReportLastMove() {
+  const TProblem* problem = CurrentProblem();
+  if (!problem || problem->stipulation.type != TStipulation::kDirectMate ||
+      !line.Start().IsWhiteToMove() || line.IsMate())
+    return;
+  if (line.MovesPlayed() != 2 * problem->stipulation.Moves() - 1) return;
+  resultView->appendPlainText(
+      QString::fromStdString(LastMoveReport(line.Current(), Options().nLanguageId)));
 }
 
 void CMainWindow::OnBoardClick(int square, Qt::MouseButton button) {
@@ -97,19 +161,7 @@ void CMainWindow::SetSettingMode(bool bOn) {
 // Takes the edited position into the problem; false, with the reason shown, when it cannot be
 // a problem's start, and the mode stays on.
 bool CMainWindow::LeaveSettingMode() {
-  if (!edits.IsChanged()) return true;
-  TChessboard checked;
-  if (const auto error = TPositionEdits::Validate(edits.Squares(), checked)) {
-    ShowMessage("Warning", QString::fromStdString(*error));
-    return false;
-  }
-  if (!CurrentProblem()) NewProblem();
-  TProblem* problem = CurrentProblem();
-  std::copy(edits.Squares().begin(), edits.Squares().end(), problem->start.squares);
-  problem->ResetLine();
-  Analyse(problem->start, true);
-  SetModified(true);
-  return true;
+  return !edits.IsChanged() || TakeEditedSquares(edits.Squares());
 }
 
 void CMainWindow::UndoEdit(bool bRedo) {

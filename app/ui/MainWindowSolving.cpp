@@ -7,6 +7,7 @@
 
 #include "app/Options.h"
 #include "app/SolvingReports.h"
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "app/ui/SolveController.h"
 #include "core/Notation.h"
@@ -30,8 +31,8 @@ void CMainWindow::ConnectSolver() {
                                .arg(progress.nCurrentMove + 1)
                                .arg(progress.nFirstMoves)
                                .arg(QString::fromStdString(progress.sCurrentMove))
-                               .arg(progress.bPaused ? " (paused)" : ""));
-    RefreshControls();
+                               .arg(progress.bPaused ? WindowText(" (paused)") : QString()));
+    ShowStatusLine();
   });
   connect(solver, &CSolveController::PassFinished, this, [this](const QStringList& lines) {
     for (const QString& text : lines) resultView->appendPlainText(text);
@@ -46,10 +47,11 @@ void CMainWindow::StartSolve(bool bFindAll) {
   if (IsSolving() || bSettingMode || !problem) return;
   const int nLanguage = Options().nLanguageId;
   if (problem->stipulation.type != TStipulation::kDirectMate)
-    return ShowMessage("Information", QString::fromStdString(OnlyDirectMatesText(nLanguage)));
+    return ShowMessage(WindowText("Information"),
+                       QString::fromStdString(OnlyDirectMatesText(nLanguage)));
   if (const auto refusal =
           solver->Start({.pProblem = problem, .bFindAll = bFindAll, .threads = threads}))
-    return ShowMessage("Information", QString::fromStdString(*refusal));
+    return ShowMessage(WindowText("Information"), QString::fromStdString(*refusal));
   nSolvingId = nCurrentId;
   resultView->clear();
   progressLabel->clear();
@@ -74,7 +76,7 @@ void CMainWindow::OnSolveFinished() {
     if (!result.keyTexts.empty()) {
       QStringList keys;
       for (const std::string& key : result.keyTexts) keys << QString::fromStdString(key);
-      resultView->appendPlainText("Keys: " + keys.join(' '));
+      resultView->appendPlainText(WindowText("Keys: ") + keys.join(' '));
     }
     if (!result.keys.empty() && firstKey.from == square::kNone && request->nMirrorPass == 0)
       firstKey = result.keys.front();
@@ -84,7 +86,7 @@ void CMainWindow::OnSolveFinished() {
     const SolvingRequest& first = *requests.front();
     if (const auto box = ResultBoxText(nLanguage, first.solvingMode, first.result.nSolutions,
                                        solved->stipulation.Moves(), Options().bQuickMode)) {
-      auto* message = new QMessageBox(QMessageBox::Information, "Mate search result",
+      auto* message = new QMessageBox(QMessageBox::Information, WindowText("Mate search result"),
                                       QString::fromStdString(*box), QMessageBox::Ok, this);
       message->setAttribute(Qt::WA_DeleteOnClose);
       message->setObjectName("resultBox");

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "app/ui/InterfaceLanguage.h"
 #include "app/ui/PieceGlyph.h"
 
 namespace {
@@ -56,7 +57,8 @@ CPiecePalette::CPiecePalette(QWidget* parent) : QWidget(parent), group(new QButt
   eraser->setObjectName("palette0");
   group->addButton(eraser, piece::kEmpty);
   layout->addWidget(eraser, 0, 6);
-  auto* clear = new QPushButton(tr("Clear"), this);
+  auto* clear = new QPushButton(this);
+  SetWindowText(clear, "Clear");
   clear->setObjectName("paletteClear");
   layout->addWidget(clear, 1, 6);
   connect(clear, &QPushButton::clicked, this, &CPiecePalette::ClearRequested);

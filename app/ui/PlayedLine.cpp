@@ -1,8 +1,8 @@
 #include "app/ui/PlayedLine.h"
 
-#include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
+#include "core/ShortAlgebraic.h"
 
 namespace {
 
@@ -30,13 +30,7 @@ void TPlayedLine::Reset(const TChessboard& board) {
 }
 
 std::vector<TMove> TPlayedLine::LegalMoves() const {
-  TMove moves[kMoveBufferSize];
-  const int n = movegen::GenerateAllMoves(Current(), moves);
-  std::vector<TMove> legal;
-  TChessboard child;
-  for (int i = 0; i < n; ++i)
-    if (movemaking::MakeSuccessor(Current(), moves[i], child)) legal.push_back(moves[i]);
-  return legal;
+  return movemaking::LegalMoves(Current());
 }
 
 std::vector<TMove> TPlayedLine::LegalMoves(SquareIndex from, SquareIndex to) const {
@@ -73,7 +67,27 @@ bool TPlayedLine::Redo() {
   return Play(undone.back());
 }
 
-std::string TPlayedLine::MoveListText() const {
+int TPlayedLine::PlayText(std::string_view text) {
+  int nPlayed = 0;
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t begin = text.find_first_not_of(" \t\r\n", at);
+    if (begin == std::string_view::npos) break;
+    at = std::min(text.find_first_of(" \t\r\n", begin), text.size());
+    std::string_view word = text.substr(begin, at - begin);
+    // "1." and "1..." number the moves; "1.e4" is a number and a move.
+    word.remove_prefix(std::min(word.find_first_not_of("0123456789."), word.size()));
+    if (word.empty()) continue;
+    std::optional<TMove> move = shortalgebraic::TextToMove(Current(), word);
+    for (TMove legal : LegalMoves())
+      if (!move && notation::MoveToText(Current(), legal) == word) move = legal;
+    if (!move || !Play(*move)) break;
+    ++nPlayed;
+  }
+  return nPlayed;
+}
+
+std::string TPlayedLine::MoveListText(bool bShort) const {
   std::string text;
   int number = 1;
   for (std::size_t i = 1; i < boards.size(); ++i) {
@@ -83,7 +97,8 @@ std::string TPlayedLine::MoveListText() const {
       text += std::to_string(number) + ". ";
     else if (i == 1)
       text += "1. ... ";
-    text += notation::MoveToText(before, boards[i].lastMove);
+    text += bShort ? shortalgebraic::MoveToText(before, boards[i].lastMove)
+                   : notation::MoveToText(before, boards[i].lastMove);
     if (!before.IsWhiteToMove()) ++number;
   }
   return text;

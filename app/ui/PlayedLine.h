@@ -3,6 +3,7 @@
 // with the moves taken back kept for redo. The engine never sees this line.
 #include <deque>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/Chessboard.h"
@@ -28,9 +29,14 @@ class TPlayedLine {
   bool Play(TMove move);
   bool Back();
   bool Redo();
+  // Plays the moves of a text such as "1. e2-e4 e7-e5 2. Nf3", in the long or the short
+  // notation, move numbers skipped, up to the first word that is no legal move here. The
+  // number of moves played.
+  int PlayText(std::string_view text);
 
-  // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began).
-  std::string MoveListText() const;
+  // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began);
+  // in the short notation of other programs "1. e4 e5 2. Nf3".
+  std::string MoveListText(bool bShort = false) const;
   // Whether the side to move is mated now.
   bool IsMate() const;
 

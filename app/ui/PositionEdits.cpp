@@ -68,3 +68,23 @@ std::optional<std::string> TPositionEdits::Validate(const TSquares& squares, TCh
     return std::string("Invalid position: Black king cannot be checked in starting position.");
   return std::nullopt;
 }
+
+std::optional<TPositionEdits::TSquares> TPositionEdits::Shifted(const TSquares& squares, int nFiles,
+                                                                int nRanks) {
+  TSquares shifted{};
+  for (int s = 0; s < 64; ++s) {
+    if (squares[s] == piece::kEmpty) continue;
+    const int file = square::File(static_cast<SquareIndex>(s)) + nFiles;
+    const int rank = square::Rank(static_cast<SquareIndex>(s)) + nRanks;
+    if (file < 0 || file > 7 || rank < 0 || rank > 7) return std::nullopt;
+    shifted[square::Make(file, rank)] = squares[s];
+  }
+  return shifted;
+}
+
+TPositionEdits::TSquares TPositionEdits::Transformed(const TSquares& squares,
+                                                     transforms::ETransform transform) {
+  TSquares moved{};
+  transforms::MapPieces(transform, squares.data(), moved.data());
+  return moved;
+}

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/BoardTransforms.h"
 #include "core/Chessboard.h"
 
 class TPositionEdits {
@@ -32,6 +33,12 @@ class TPositionEdits {
   // The position as a problem's start with White to move, or the reason it cannot be one
   // (the position's own errors, or the black king in check).
   static std::optional<std::string> Validate(const TSquares& squares, TChessboard& board);
+  // Every piece moved by the files (right positive) and ranks (up positive) given; nothing
+  // when a piece would leave the board.
+  static std::optional<TSquares> Shifted(const TSquares& squares, int nFiles, int nRanks);
+  // Each piece on the square the transformation takes its square to (the colour swap also
+  // exchanges colours), unchecked.
+  static TSquares Transformed(const TSquares& squares, transforms::ETransform transform);
 
  private:
   void Change(const TSquares& next);

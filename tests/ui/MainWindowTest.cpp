@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,23 +36,6 @@ void DragPiece(CBoardView* board, const char* from, const char* to) {
   QTest::mouseMove(board, (start + end) / 2);
   QTest::mouseMove(board, end);
   QTest::mouseRelease(board, Qt::LeftButton, Qt::NoModifier, end);
-}
-
-// The text of the message box the window shows now, which is then closed; empty for none.
-QString TakeMessage(CMainWindow& window) {
-  auto* box = window.findChild<QMessageBox*>("messageBox");
-  if (!box) return {};
-  const QString text = box->text();
-  box->setObjectName("answered");
-  box->accept();
-  return text;
-}
-
-QString ShownFen(const CMainWindow& window) {
-  TChessboard board;
-  ClearChessboard(board);
-  std::copy(window.Board()->Squares().begin(), window.Board()->Squares().end(), board.squares);
-  return QString::fromStdString(fen::WriteShortFen(board));
 }
 
 void ClickStep(CStepControl* control, bool bUp, Qt::MouseButton button) {
@@ -264,16 +248,32 @@ class CMainWindowTest : public QObject {
     QTest::addColumn<int>("language");
     QTest::addColumn<QString>("fileMenu");
     QTest::addColumn<QString>("solve");
-    QTest::newRow("Polish") << 0 << "&Plik" << QString::fromUtf8("&Rozwiąż problem\tF5");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("about");
+    QTest::addColumn<QString>("refusal");
+    QTest::newRow("Polish") << 0 << "&Plik" << QString::fromUtf8("&Rozwiąż problem\tF5")
+                            << QString::fromUtf8("Ustaw pozycję")
+                            << QString::fromUtf8(
+                                   "Longmate: program rozwiązujący długie maty wprost.")
+                            << QString::fromUtf8("Niedozwolona liczba królów.");
     QTest::newRow("Ukrainian") << 2 << QString::fromUtf8("&Файл")
-                               << QString::fromUtf8("&Розв'язати задачу\tF5");
+                               << QString::fromUtf8("&Розв'язати задачу\tF5")
+                               << QString::fromUtf8("Встановити позицію")
+                               << QString::fromUtf8("Longmate: розв'язувач довгих прямих матів.")
+                               << QString::fromUtf8("Неприпустима кількість королів.");
     QTest::newRow("English") << 1 << "&File"
-                             << "&Solve problem\tF5";
+                             << "&Solve problem\tF5"
+                             << "Set position"
+                             << "Longmate: a solver of long direct mates."
+                             << "Illegal number of kings.";
   }
   void LanguageMenuRelabelsAtOnceAndKeepsTheChoice() {
     QFETCH(int, language);
     QFETCH(QString, fileMenu);
     QFETCH(QString, solve);
+    QFETCH(QString, button);
+    QFETCH(QString, about);
+    QFETCH(QString, refusal);
     QTemporaryDir folder;
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder.path()));  // where options.ini is written
@@ -281,6 +281,11 @@ class CMainWindowTest : public QObject {
     window.Action(QString("language%1").arg(language))->trigger();
     QCOMPARE(window.menuBar()->actions().front()->text(), fileMenu);
     QCOMPARE(window.Action("solve")->text(), solve);
+    QCOMPARE(window.findChild<QPushButton*>("settingButton")->text(), button);
+    window.Action("about")->trigger();
+    QCOMPARE(TakeMessage(window), about);
+    QVERIFY(!window.PastePosition("8/8/8/8/8/8/8/8"));
+    QCOMPARE(TakeMessage(window), refusal);
     QVERIFY(window.Action(QString("language%1").arg(language))->isChecked());
     CIniFile settings;
     QVERIFY(settings.Load((folder.path() + "/options.ini").toStdString()));

@@ -68,6 +68,35 @@ class CPositionLogicTest : public QObject {
     QCOMPARE(QString::fromStdString(line.MoveListText()), list);
   }
 
+  // Pasted move texts: played up to the first word that is no legal move, and read back in
+  // both notations.
+  void PlaysMovesOfAText_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("played");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<QString>("shortList");
+    QTest::newRow("long") << "1. e2-e4 e7-e5 2. Ng1-f3" << 3 << "1. e2-e4 e7-e5 2. Ng1-f3"
+                          << "1. e4 e5 2. Nf3";
+    QTest::newRow("short, numbers joined")
+        << "1.e4 e5 2.Nf3 Nc6 3.Bb5" << 5 << "1. e2-e4 e7-e5 2. Ng1-f3 Nb8-c6 3. Bf1-b5"
+        << "1. e4 e5 2. Nf3 Nc6 3. Bb5";
+    QTest::newRow("stops at an illegal move") << "1. e4 e4 2. d4" << 1 << "1. e2-e4"
+                                              << "1. e4";
+    QTest::newRow("no move") << "hello" << 0 << ""
+                             << "";
+  }
+  void PlaysMovesOfAText() {
+    QFETCH(QString, text);
+    QFETCH(int, played);
+    QFETCH(QString, list);
+    QFETCH(QString, shortList);
+    TPlayedLine line;
+    line.Reset(BoardOf("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"));
+    QCOMPARE(line.PlayText(text.toStdString()), played);
+    QCOMPARE(QString::fromStdString(line.MoveListText()), list);
+    QCOMPARE(QString::fromStdString(line.MoveListText(true)), shortList);
+  }
+
   void BackAndRedoKeepTheLineUntilAnotherMoveIsPlayed() {
     TPlayedLine line;
     line.Reset(BoardOf("4k3/8/8/8/8/8/4P3/4K3"));

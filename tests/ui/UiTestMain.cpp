@@ -2,12 +2,16 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
+#include <QStandardPaths>
 #include <QTest>
 #include <QTimer>
 #include <vector>
 
 #include "app/Options.h"
+#include "app/ui/BoardView.h"
+#include "core/Fen.h"
 
 namespace {
 
@@ -43,11 +47,38 @@ void AnswerNextQuestion(int standardButton) {
   });
 }
 
+QString TakeMessage(CMainWindow& window) {
+  auto* box = window.findChild<QMessageBox*>("messageBox");
+  if (!box) return {};
+  const QString text = box->text();
+  box->setObjectName("answered");
+  box->accept();
+  return text;
+}
+
+QString ShownFen(const CMainWindow& window) {
+  TChessboard board;
+  ClearChessboard(board);
+  std::copy(window.Board()->Squares().begin(), window.Board()->Squares().end(), board.squares);
+  return QString::fromStdString(fen::WriteShortFen(board));
+}
+
+bool WriteProblemFile(const QString& path, const QString& problems) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  file.write("UTF-8\n\n" + problems.toUtf8());
+  return true;
+}
+
 int main(int argc, char** argv) {
-  // Without a display the tests draw off screen; ./test gives them an X server.
+  // Without a display the tests draw off screen; ctest gives them an X server where xvfb-run
+  // is installed.
   if (qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
+  // The files opened last are kept apart from the user's own.
+  QStandardPaths::setTestModeEnabled(true);
+  QApplication::setOrganizationName("LongmateTests");
   Options() = DefaultOptions();
   Options().nLanguageId = kEnglishLanguageId;
   int nFailed = 0;

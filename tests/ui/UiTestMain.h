@@ -17,3 +17,9 @@ QString SampleFilePath();
 std::unique_ptr<CMainWindow> OpenSampleWindow();
 // Answers the next modal question with the button given (a message box's standard button).
 void AnswerNextQuestion(int standardButton);
+// The text of the message box the window shows now, which is then closed; empty for none.
+QString TakeMessage(CMainWindow& window);
+// The position the board shows, as the short FEN of its squares.
+QString ShownFen(const CMainWindow& window);
+// A problem file written for a test: the problems' texts after the file's header.
+bool WriteProblemFile(const QString& path, const QString& problems);

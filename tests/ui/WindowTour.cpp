@@ -3,14 +3,19 @@
 // (scripts/screenshots.sh); with LONGMATE_MEASURE set, the time the window takes to open with
 // the sample file and the longest gap of the event loop during a two-thread solve are printed.
 // Skipped otherwise.
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include "UiTestMain.h"
+#include "app/Options.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/PiecePalette.h"
 
@@ -33,7 +38,7 @@ class CWindowTour : public QObject {
       }
     QVERIFY(window->GoToProblem(idLongest));
     QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
-    window->StartSolve(false);
+    window->StartSolve(true);  // all solutions: the whole tree is searched
     // A timer that should fire every 5 ms: the longest gap between its calls is the longest
     // time the window could not answer, status line redraws included.
     qint64 nLongestGap = 0, nLast = 0;
@@ -52,8 +57,11 @@ class CWindowTour : public QObject {
     QTimer::singleShot(10000, &loop, &QEventLoop::quit);
     loop.exec();
     ticker.stop();
-    qInfo("solving with 2 threads for 10 s: %d frames, longest gap %lld ms, status: %s", nTicks,
-          static_cast<long long>(nLongestGap), qPrintable(window->StatusText()));
+    qInfo(
+        "solving (all solutions) with 2 threads for 10 s: %d frames, longest gap %lld ms, %s, "
+        "status: %s",
+        nTicks, static_cast<long long>(nLongestGap),
+        window->IsSolving() ? "still solving" : "solve ended", qPrintable(window->StatusText()));
     window->StopSolve();
     QVERIFY(reported.wait(60000));
   }
@@ -95,9 +103,37 @@ class CWindowTour : public QObject {
     save("4-setting-mode-rotated.png");
 
     window->SetSettingMode(false);
+    window->Board()->SetRotated(false);
+    window->Action("selectFromList")->trigger();
+    auto* list = window->findChild<QDialog*>("problemList");
+    QVERIFY(list && QTest::qWaitForWindowExposed(list));
+    QVERIFY(list->grab().save(QDir(folder).filePath("5-problem-list.png")));
+    list->reject();
+
+    QVERIFY(window->GoToProblem(2));  // a mate in 2 played out without mate
+    const auto sq = [](int file, int rank) { return square::Make(file, rank - 1); };
+    QVERIFY(window->PlayMove(sq(4, 2), sq(4, 1)));  // Ke2-e1
+    QVERIFY(window->PlayMove(sq(1, 3), sq(1, 2)));  // Kb3-b2
+    QVERIFY(window->PlayMove(sq(4, 1), sq(4, 2)));  // Ke1-e2
+    save("6-last-move-no-mate.png");
+
+    QTemporaryDir files;
+    const QString linked = files.filePath("linked.cp");
+    QVERIFY(WriteProblemFile(linked,
+                             "1 #2\n{\n\tDescription: Y37503 S. Loyd 1859, M139280, see "
+                             "https://example.org/loyd.\n\tFEN: "
+                             "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n"));
+    QVERIFY(window->OpenFile(linked));
+    save("7-description-links.png");
+    window->Action("copyDiagram")->trigger();
+    QVERIFY(QApplication::clipboard()->image().save(QDir(folder).filePath("9-copied-diagram.png")));
+
     QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
     window->SetLanguage(0);
-    save("5-polish-menus.png");
+    window->SetSettingMode(true);
+    save("8-polish-menus-and-buttons.png");
+    window->SetSettingMode(false);
+    window->SetLanguage(kEnglishLanguageId);
   }
 };
 

@@ -375,5 +375,352 @@
         <source>&amp;Threads...</source>
         <translation>&amp;Wątki...</translation>
     </message>
+    <message>
+        <source>&amp;Information about position	Ctrl+I</source>
+        <translation>&amp;Informacje o pozycji	Ctrl+I</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Opcje</translation>
+    </message>
+    <message>
+        <source>&amp;Precalculate data (Nalimov tablebases) for this position type</source>
+        <translation>&amp;Przelicz dane (tablice Nalimova) dla tego typu pozycji</translation>
+    </message>
+    <message>
+        <source>Check if FEN codes from selected file (any text format) exist in the current file...</source>
+        <translation>Sprawdź, czy kody FEN z wybranego pliku (dowolny format tekstowy) są w bieżącym pliku...</translation>
+    </message>
+    <message>
+        <source>Clear temporary register of current problem</source>
+        <translation>Wyczyść rejestr tymczasowy bieżącego problemu</translation>
+    </message>
+    <message>
+        <source>Close program</source>
+        <translation>Zamknij program</translation>
+    </message>
+    <message>
+        <source>Copy address to clipboard</source>
+        <translation>Kopiuj adres do schowka</translation>
+    </message>
+    <message>
+        <source>Copy diagram</source>
+        <translation>Kopiuj diagram</translation>
+    </message>
+    <message>
+        <source>Display &amp;id of current position and copy it to clipboard</source>
+        <translation>Pokaż &amp;identyfikator bieżącej pozycji i skopiuj go do schowka</translation>
+    </message>
+    <message>
+        <source>Display current status of global register (precalculated data in memory)</source>
+        <translation>Pokaż stan rejestru globalnego (przeliczone dane w pamięci)</translation>
+    </message>
+    <message>
+        <source>Edit problem description...</source>
+        <translation>Edytuj opis problemu...</translation>
+    </message>
+    <message>
+        <source>Next position of this type	Shift+Ctrl+N</source>
+        <translation>Następna pozycja tego typu	Shift+Ctrl+N</translation>
+    </message>
+    <message>
+        <source>Open page in default browser</source>
+        <translation>Otwórz stronę w domyślnej przeglądarce</translation>
+    </message>
+    <message>
+        <source>Paste position of this type by index</source>
+        <translation>Wklej pozycję tego typu według indeksu</translation>
+    </message>
+    <message>
+        <source>Previous position of this type	Shift+Ctrl+P</source>
+        <translation>Poprzednia pozycja tego typu	Shift+Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Read temporary register from file...</source>
+        <translation>Wczytaj rejestr tymczasowy z pliku...</translation>
+    </message>
+    <message>
+        <source>Read temporary register of current problem from default file</source>
+        <translation>Wczytaj rejestr tymczasowy bieżącego problemu z pliku domyślnego</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Ostatnio otwierane pliki</translation>
+    </message>
+    <message>
+        <source>Run quick regression test (solve single problem for no longer than 64 sec.)</source>
+        <translation>Uruchom szybki test regresyjny (każdy problem nie dłużej niż 64 s)</translation>
+    </message>
+    <message>
+        <source>Run regression test (solve all problems in the current file)</source>
+        <translation>Uruchom test regresyjny (rozwiąż wszystkie problemy z bieżącego pliku)</translation>
+    </message>
+    <message>
+        <source>Save temporary register of current problem</source>
+        <translation>Zapisz rejestr tymczasowy bieżącego problemu</translation>
+    </message>
+    <message>
+        <source>Save temporary register of current problem as...</source>
+        <translation>Zapisz rejestr tymczasowy bieżącego problemu jako...</translation>
+    </message>
+    <message>
+        <source>Select &amp;heuristics and find all solutions	Shift+Ctrl+F5</source>
+        <translation>Wybierz &amp;heurystyki i znajdź wszystkie rozwiązania	Shift+Ctrl+F5</translation>
+    </message>
+    <message>
+        <source>Select &amp;heuristics and find solution	Ctrl+F5</source>
+        <translation>Wybierz &amp;heurystyki i znajdź rozwiązanie	Ctrl+F5</translation>
+    </message>
+    <message>
+        <source>Show &amp;max #n for positions of this type + next position	Ctrl+M</source>
+        <translation>Pokaż &amp;maks. #n dla pozycji tego typu + następna pozycja	Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Show max #n for positions of this type - previous position	Ctrl+M</source>
+        <translation>Pokaż maks. #n dla pozycji tego typu - poprzednia pozycja	Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Show program</source>
+        <translation>Pokaż program</translation>
+    </message>
+    <message>
+        <source>Skip analysis of current move and go to the &amp;next one</source>
+        <translation>Pomiń analizę bieżącego ruchu i przejdź do &amp;następnego</translation>
+    </message>
+    <message>
+        <source>Sort &amp;indications...	Ctrl+W</source>
+        <translation>Wskazówki &amp;sortowania...	Ctrl+W</translation>
+    </message>
+    <message>
+        <source>Verify correctness of generated precalculated data (Nalimov) for this position type</source>
+        <translation>Sprawdź poprawność wygenerowanych danych (Nalimov) dla tego typu pozycji</translation>
+    </message>
+    <message>
+        <source>Verify correctness of partially generated precalculated data for this position type</source>
+        <translation>Sprawdź poprawność częściowo wygenerowanych danych dla tego typu pozycji</translation>
+    </message>
+    <message>
+        <source>Verify files of precalulcated data (global register) on disk</source>
+        <translation>Sprawdź pliki przeliczonych danych (rejestr globalny) na dysku</translation>
+    </message>
+    <message>
+        <source>Verify files of precalulcated data on disk - resume from cur.pos.type</source>
+        <translation>Sprawdź pliki przeliczonych danych na dysku - wznów od bieżącego typu pozycji</translation>
+    </message>
+</context>
+<context>
+    <name>Window</name>
+    <message>
+        <source> (paused)</source>
+        <translation> (wstrzymane)</translation>
+    </message>
+    <message>
+        <source>Append problems</source>
+        <translation>Dołącz problemy</translation>
+    </message>
+    <message>
+        <source>Bishop</source>
+        <translation>Goniec</translation>
+    </message>
+    <message>
+        <source>Cannot open the page %1.</source>
+        <translation>Nie można otworzyć strony %1.</translation>
+    </message>
+    <message>
+        <source>Chess problems (*.cp);;Problem solver text (*.pop *.txt);;EPD (*.epd);;FEN list (*.fen);;All files (*)</source>
+        <translation>Problemy szachowe (*.cp);;Tekst programu rozwiązującego (*.pop *.txt);;EPD (*.epd);;Lista FEN (*.fen);;Wszystkie pliki (*)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Wyczyść</translation>
+    </message>
+    <message>
+        <source>Click at the bottom/top of icon to decrease/increase number of engine threads (applies to 1st move)</source>
+        <translation>Kliknij dół/górę ikony, aby zmniejszyć/zwiększyć liczbę wątków silnika (dotyczy 1. ruchu)</translation>
+    </message>
+    <message>
+        <source>Click at the top/bottom to increase/decrease number of moves (stipulation) in pos.setting mode</source>
+        <translation>Kliknij górę/dół, aby zwiększyć/zmniejszyć liczbę ruchów (warunek) w trybie ustawiania pozycji</translation>
+    </message>
+    <message>
+        <source>Click to select another problem (right click: list with problem descriptions)</source>
+        <translation>Kliknij, aby wybrać inny problem (prawy przycisk: lista z opisami problemów)</translation>
+    </message>
+    <message>
+        <source>Go to first problem</source>
+        <translation>Przejdź do pierwszego problemu</translation>
+    </message>
+    <message>
+        <source>Go to last problem</source>
+        <translation>Przejdź do ostatniego problemu</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Informacja</translation>
+    </message>
+    <message>
+        <source>Keys: </source>
+        <translation>Klucze: </translation>
+    </message>
+    <message>
+        <source>Knight</source>
+        <translation>Skoczek</translation>
+    </message>
+    <message>
+        <source>Longmate: a solver of long direct mates.</source>
+        <translation>Longmate: program rozwiązujący długie maty wprost.</translation>
+    </message>
+    <message>
+        <source>Mate search result</source>
+        <translation>Wynik poszukiwania mata</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>Nowy plik</translation>
+    </message>
+    <message>
+        <source>Next problem</source>
+        <translation>Następny problem</translation>
+    </message>
+    <message>
+        <source>No problem %1.</source>
+        <translation>Brak problemu %1.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Pauza</translation>
+    </message>
+    <message>
+        <source>Previous problem</source>
+        <translation>Poprzedni problem</translation>
+    </message>
+    <message>
+        <source>Problem number:</source>
+        <translation>Numer problemu:</translation>
+    </message>
+    <message>
+        <source>Problems appended: %1.</source>
+        <translation>Dołączono problemów: %1.</translation>
+    </message>
+    <message>
+        <source>Problems removed: %1.</source>
+        <translation>Usunięto problemów: %1.</translation>
+    </message>
+    <message>
+        <source>Queen</source>
+        <translation>Hetman</translation>
+    </message>
+    <message>
+        <source>Remove problems</source>
+        <translation>Usuń problemy</translation>
+    </message>
+    <message>
+        <source>Rook</source>
+        <translation>Wieża</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Zapisz jako</translation>
+    </message>
+    <message>
+        <source>Select problem from list</source>
+        <translation>Wybierz problem z listy</translation>
+    </message>
+    <message>
+        <source>Select problem number</source>
+        <translation>Wybierz numer problemu</translation>
+    </message>
+    <message>
+        <source>Set position</source>
+        <translation>Ustaw pozycję</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Start/stop (right click: find all solutions/pause; +Ctrl: display heuristics selection dialog)</source>
+        <translation>Start/stop (prawy przycisk: znajdź wszystkie rozwiązania/pauza; +Ctrl: okno wyboru heurystyk)</translation>
+    </message>
+    <message>
+        <source>Start/stop position setting</source>
+        <translation>Rozpocznij/zakończ ustawianie pozycji</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Stop solving before another file is opened.</source>
+        <translation>Zatrzymaj rozwiązywanie przed otwarciem innego pliku.</translation>
+    </message>
+    <message>
+        <source>The position cannot be shifted: a piece would leave the board.</source>
+        <translation>Nie można przesunąć pozycji: bierka wyszłaby poza szachownicę.</translation>
+    </message>
+    <message>
+        <source>The problems have been changed. Save changes to file?</source>
+        <translation>Problemy zostały zmienione. Zapisać zmiany w pliku?</translation>
+    </message>
+    <message>
+        <source>Unable to Set Tray Icon</source>
+        <translation>Nie można ustawić ikony w obszarze powiadomień</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Ostrzeżenie</translation>
+    </message>
+    <message>
+        <source>Change description. You can use links to Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123</source>
+        <translation>Zmień opis. Możesz używać odnośników do Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, np. Y123</translation>
+    </message>
+    <message>
+        <source>Move back (right click: move back a few moves)</source>
+        <translation>Cofnij ruch (prawy przycisk: cofnij kilka ruchów)</translation>
+    </message>
+    <message>
+        <source>Redo move (right click: redo a few moves)</source>
+        <translation>Ponów ruch (prawy przycisk: ponów kilka ruchów)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Zapisz</translation>
+    </message>
+    <message>
+        <source>Save changes to file</source>
+        <translation>Zapisz zmiany w pliku</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Obróć</translation>
+    </message>
+    <message>
+        <source>Rotate chessboard view</source>
+        <translation>Obróć widok szachownicy</translation>
+    </message>
+    <message>
+        <source>Improper FEN code</source>
+        <translation>Niepoprawny kod FEN</translation>
+    </message>
+    <message>
+        <source>Illegal number of kings.</source>
+        <translation>Niedozwolona liczba królów.</translation>
+    </message>
+    <message>
+        <source>Pawns cannot occupy 1st nor 8th line of the chessboard.</source>
+        <translation>Piony nie mogą stać na 1. ani 8. linii szachownicy.</translation>
+    </message>
+    <message>
+        <source>Both kings attacked.</source>
+        <translation>Oba króle są atakowane.</translation>
+    </message>
+    <message>
+        <source>Invalid position: Black king cannot be checked in starting position.</source>
+        <translation>Niepoprawna pozycja: czarny król nie może być szachowany w pozycji początkowej.</translation>
+    </message>
 </context>
 </TS>

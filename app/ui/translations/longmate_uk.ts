@@ -375,5 +375,352 @@
         <source>&amp;Threads...</source>
         <translation>&amp;Потоки...</translation>
     </message>
+    <message>
+        <source>&amp;Information about position	Ctrl+I</source>
+        <translation>&amp;Інформація про позицію	Ctrl+I</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Параметри</translation>
+    </message>
+    <message>
+        <source>&amp;Precalculate data (Nalimov tablebases) for this position type</source>
+        <translation>&amp;Обчислити дані (таблиці Налімова) для цього типу позиції</translation>
+    </message>
+    <message>
+        <source>Check if FEN codes from selected file (any text format) exist in the current file...</source>
+        <translation>Перевірити, чи коди FEN з вибраного файлу (будь-який текстовий формат) є в поточному файлі...</translation>
+    </message>
+    <message>
+        <source>Clear temporary register of current problem</source>
+        <translation>Очистити тимчасовий реєстр поточної задачі</translation>
+    </message>
+    <message>
+        <source>Close program</source>
+        <translation>Закрити програму</translation>
+    </message>
+    <message>
+        <source>Copy address to clipboard</source>
+        <translation>Копіювати адресу в буфер обміну</translation>
+    </message>
+    <message>
+        <source>Copy diagram</source>
+        <translation>Копіювати діаграму</translation>
+    </message>
+    <message>
+        <source>Display &amp;id of current position and copy it to clipboard</source>
+        <translation>Показати &amp;ідентифікатор поточної позиції та скопіювати його в буфер обміну</translation>
+    </message>
+    <message>
+        <source>Display current status of global register (precalculated data in memory)</source>
+        <translation>Показати стан глобального реєстру (обчислені дані в пам'яті)</translation>
+    </message>
+    <message>
+        <source>Edit problem description...</source>
+        <translation>Редагувати опис задачі...</translation>
+    </message>
+    <message>
+        <source>Next position of this type	Shift+Ctrl+N</source>
+        <translation>Наступна позиція цього типу	Shift+Ctrl+N</translation>
+    </message>
+    <message>
+        <source>Open page in default browser</source>
+        <translation>Відкрити сторінку в типовому браузері</translation>
+    </message>
+    <message>
+        <source>Paste position of this type by index</source>
+        <translation>Вставити позицію цього типу за індексом</translation>
+    </message>
+    <message>
+        <source>Previous position of this type	Shift+Ctrl+P</source>
+        <translation>Попередня позиція цього типу	Shift+Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Read temporary register from file...</source>
+        <translation>Прочитати тимчасовий реєстр з файлу...</translation>
+    </message>
+    <message>
+        <source>Read temporary register of current problem from default file</source>
+        <translation>Прочитати тимчасовий реєстр поточної задачі з типового файлу</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Останні файли</translation>
+    </message>
+    <message>
+        <source>Run quick regression test (solve single problem for no longer than 64 sec.)</source>
+        <translation>Запустити швидкий регресійний тест (кожна задача не довше 64 с)</translation>
+    </message>
+    <message>
+        <source>Run regression test (solve all problems in the current file)</source>
+        <translation>Запустити регресійний тест (розв'язати всі задачі поточного файлу)</translation>
+    </message>
+    <message>
+        <source>Save temporary register of current problem</source>
+        <translation>Зберегти тимчасовий реєстр поточної задачі</translation>
+    </message>
+    <message>
+        <source>Save temporary register of current problem as...</source>
+        <translation>Зберегти тимчасовий реєстр поточної задачі як...</translation>
+    </message>
+    <message>
+        <source>Select &amp;heuristics and find all solutions	Shift+Ctrl+F5</source>
+        <translation>Вибрати &amp;евристики та знайти всі розв'язки	Shift+Ctrl+F5</translation>
+    </message>
+    <message>
+        <source>Select &amp;heuristics and find solution	Ctrl+F5</source>
+        <translation>Вибрати &amp;евристики та знайти розв'язок	Ctrl+F5</translation>
+    </message>
+    <message>
+        <source>Show &amp;max #n for positions of this type + next position	Ctrl+M</source>
+        <translation>Показати &amp;макс. #n для позицій цього типу + наступна позиція	Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Show max #n for positions of this type - previous position	Ctrl+M</source>
+        <translation>Показати макс. #n для позицій цього типу - попередня позиція	Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Show program</source>
+        <translation>Показати програму</translation>
+    </message>
+    <message>
+        <source>Skip analysis of current move and go to the &amp;next one</source>
+        <translation>Пропустити аналіз поточного ходу й перейти до &amp;наступного</translation>
+    </message>
+    <message>
+        <source>Sort &amp;indications...	Ctrl+W</source>
+        <translation>Вказівки &amp;сортування...	Ctrl+W</translation>
+    </message>
+    <message>
+        <source>Verify correctness of generated precalculated data (Nalimov) for this position type</source>
+        <translation>Перевірити правильність згенерованих даних (Налімов) для цього типу позиції</translation>
+    </message>
+    <message>
+        <source>Verify correctness of partially generated precalculated data for this position type</source>
+        <translation>Перевірити правильність частково згенерованих даних для цього типу позиції</translation>
+    </message>
+    <message>
+        <source>Verify files of precalulcated data (global register) on disk</source>
+        <translation>Перевірити файли обчислених даних (глобальний реєстр) на диску</translation>
+    </message>
+    <message>
+        <source>Verify files of precalulcated data on disk - resume from cur.pos.type</source>
+        <translation>Перевірити файли обчислених даних на диску - продовжити з поточного типу позиції</translation>
+    </message>
+</context>
+<context>
+    <name>Window</name>
+    <message>
+        <source> (paused)</source>
+        <translation> (призупинено)</translation>
+    </message>
+    <message>
+        <source>Append problems</source>
+        <translation>Додати задачі</translation>
+    </message>
+    <message>
+        <source>Bishop</source>
+        <translation>Слон</translation>
+    </message>
+    <message>
+        <source>Cannot open the page %1.</source>
+        <translation>Не вдається відкрити сторінку %1.</translation>
+    </message>
+    <message>
+        <source>Chess problems (*.cp);;Problem solver text (*.pop *.txt);;EPD (*.epd);;FEN list (*.fen);;All files (*)</source>
+        <translation>Шахові задачі (*.cp);;Текст програми-розв'язувача (*.pop *.txt);;EPD (*.epd);;Список FEN (*.fen);;Усі файли (*)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Очистити</translation>
+    </message>
+    <message>
+        <source>Click at the bottom/top of icon to decrease/increase number of engine threads (applies to 1st move)</source>
+        <translation>Клацніть унизу/вгорі значка, щоб зменшити/збільшити кількість потоків рушія (стосується 1-го ходу)</translation>
+    </message>
+    <message>
+        <source>Click at the top/bottom to increase/decrease number of moves (stipulation) in pos.setting mode</source>
+        <translation>Клацніть угорі/внизу, щоб збільшити/зменшити кількість ходів (умову) в режимі встановлення позиції</translation>
+    </message>
+    <message>
+        <source>Click to select another problem (right click: list with problem descriptions)</source>
+        <translation>Клацніть, щоб вибрати іншу задачу (правий клік: список з описами задач)</translation>
+    </message>
+    <message>
+        <source>Go to first problem</source>
+        <translation>Перейти до першої задачі</translation>
+    </message>
+    <message>
+        <source>Go to last problem</source>
+        <translation>Перейти до останньої задачі</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Інформація</translation>
+    </message>
+    <message>
+        <source>Keys: </source>
+        <translation>Ключі: </translation>
+    </message>
+    <message>
+        <source>Knight</source>
+        <translation>Кінь</translation>
+    </message>
+    <message>
+        <source>Longmate: a solver of long direct mates.</source>
+        <translation>Longmate: розв'язувач довгих прямих матів.</translation>
+    </message>
+    <message>
+        <source>Mate search result</source>
+        <translation>Результат пошуку мату</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>Новий файл</translation>
+    </message>
+    <message>
+        <source>Next problem</source>
+        <translation>Наступна задача</translation>
+    </message>
+    <message>
+        <source>No problem %1.</source>
+        <translation>Немає задачі %1.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Відкрити</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>Previous problem</source>
+        <translation>Попередня задача</translation>
+    </message>
+    <message>
+        <source>Problem number:</source>
+        <translation>Номер задачі:</translation>
+    </message>
+    <message>
+        <source>Problems appended: %1.</source>
+        <translation>Додано задач: %1.</translation>
+    </message>
+    <message>
+        <source>Problems removed: %1.</source>
+        <translation>Вилучено задач: %1.</translation>
+    </message>
+    <message>
+        <source>Queen</source>
+        <translation>Ферзь</translation>
+    </message>
+    <message>
+        <source>Remove problems</source>
+        <translation>Вилучити задачі</translation>
+    </message>
+    <message>
+        <source>Rook</source>
+        <translation>Тура</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Зберегти як</translation>
+    </message>
+    <message>
+        <source>Select problem from list</source>
+        <translation>Вибрати задачу зі списку</translation>
+    </message>
+    <message>
+        <source>Select problem number</source>
+        <translation>Вибрати номер задачі</translation>
+    </message>
+    <message>
+        <source>Set position</source>
+        <translation>Встановити позицію</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Старт</translation>
+    </message>
+    <message>
+        <source>Start/stop (right click: find all solutions/pause; +Ctrl: display heuristics selection dialog)</source>
+        <translation>Старт/стоп (правий клік: знайти всі розв'язки/пауза; +Ctrl: вікно вибору евристик)</translation>
+    </message>
+    <message>
+        <source>Start/stop position setting</source>
+        <translation>Почати/закінчити встановлення позиції</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Стоп</translation>
+    </message>
+    <message>
+        <source>Stop solving before another file is opened.</source>
+        <translation>Зупиніть розв'язування, перш ніж відкрити інший файл.</translation>
+    </message>
+    <message>
+        <source>The position cannot be shifted: a piece would leave the board.</source>
+        <translation>Позицію не можна зсунути: фігура вийшла б за межі дошки.</translation>
+    </message>
+    <message>
+        <source>The problems have been changed. Save changes to file?</source>
+        <translation>Задачі змінено. Зберегти зміни у файлі?</translation>
+    </message>
+    <message>
+        <source>Unable to Set Tray Icon</source>
+        <translation>Не вдається встановити значок в області сповіщень</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Попередження</translation>
+    </message>
+    <message>
+        <source>Change description. You can use links to Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, e.g. Y123</source>
+        <translation>Змінити опис. Можна використовувати посилання на Pdb/Yacpdb/Meson/Albrecht/Gameknot/chessStar, напр. Y123</translation>
+    </message>
+    <message>
+        <source>Move back (right click: move back a few moves)</source>
+        <translation>Хід назад (правий клік: кілька ходів назад)</translation>
+    </message>
+    <message>
+        <source>Redo move (right click: redo a few moves)</source>
+        <translation>Повторити хід (правий клік: повторити кілька ходів)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Зберегти</translation>
+    </message>
+    <message>
+        <source>Save changes to file</source>
+        <translation>Зберегти зміни у файлі</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Повернути</translation>
+    </message>
+    <message>
+        <source>Rotate chessboard view</source>
+        <translation>Повернути вигляд шахівниці</translation>
+    </message>
+    <message>
+        <source>Improper FEN code</source>
+        <translation>Неправильний код FEN</translation>
+    </message>
+    <message>
+        <source>Illegal number of kings.</source>
+        <translation>Неприпустима кількість королів.</translation>
+    </message>
+    <message>
+        <source>Pawns cannot occupy 1st nor 8th line of the chessboard.</source>
+        <translation>Пішаки не можуть стояти на 1-й чи 8-й горизонталі шахівниці.</translation>
+    </message>
+    <message>
+        <source>Both kings attacked.</source>
+        <translation>Обидва королі під боєм.</translation>
+    </message>
+    <message>
+        <source>Invalid position: Black king cannot be checked in starting position.</source>
+        <translation>Неправильна позиція: чорний король не може бути під шахом у початковій позиції.</translation>
+    </message>
 </context>
 </TS>
