@@ -16,6 +16,7 @@
 #include "app/Formatting.h"
 #include "app/LiChessHTTP.h"
 #include "app/Options.h"
+#include "app/PassProgressLine.h"
 #include "app/ProgramState.h"
 #include "app/SolutionReport.h"
 #include "app/SolveTally.h"
@@ -44,6 +45,7 @@ struct TSolveArguments {
   bool bAll = false;
   int nTimeLimitSeconds = kNoTimeLimit;
   bool bQuiet = false;
+  bool bShowPasses = false;  // the progress line of each pass instead of the seconds
   bool bMirror = false;
   std::string threads;
   std::string heuristics;  // empty: the problem's settings and the position decide
@@ -199,8 +201,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
             .c_str(),
         heuristicset::Describe(first.heuristicPasses[i]).c_str());
   std::fflush(stdout);
-  const EWaitOutcome waited =
-      session.Wait({.bQuiet = args.bQuiet, .nTimeLimitSeconds = args.nTimeLimitSeconds});
+  const EWaitOutcome waited = session.Wait(
+      {.bQuiet = args.bQuiet || args.bShowPasses, .nTimeLimitSeconds = args.nTimeLimitSeconds});
   PrintPasses(session);
   if (args.bTree || args.bJson) PrintSolutionTrees(session, problem, args);
   // A register that could not be saved fails the problem: what was asked for is not there.
@@ -283,11 +285,16 @@ void RunSolve(const TSolveArguments& args) {
   std::unique_ptr<TProblem> fenProblem;
   const std::vector<const TProblem*> problems = SelectProblems(args, collection, fenProblem);
 
-  CSolvingSession session(
-      Options(), {.askForcedThreads = [](const TThreadSettings&, const std::string& question) {
+  TSessionCallbacks callbacks{
+      .askForcedThreads = [](const TThreadSettings&, const std::string& question) {
         std::cerr << question << " Yes\n";
         return true;
-      }});
+      }};
+  if (args.bShowPasses && !args.bQuiet)
+    callbacks.onProgress = [](const TPassProgress& progress) {
+      std::fputs(PassProgressLine(progress).c_str(), stderr);
+    };
+  CSolvingSession session(Options(), callbacks);
   // Ctrl+C and SIGTERM stop the solve cleanly: the threads end, the logs are closed.
   std::atomic<int> nSignal{0};
   const platform::CInterruptWatch interrupts([&](int n) {
@@ -327,6 +334,9 @@ void AddSolveCommand(CLI::App& app) {
   command->add_option("--time-limit", args->nTimeLimitSeconds, "seconds per problem")
       ->check(CLI::Range(1, std::numeric_limits<int>::max()));
   command->add_flag("--quiet", args->bQuiet, "no progress line on stderr");
+  command->add_flag("--show-passes", args->bShowPasses,
+                    "progress of each pass on stderr: pass, first move, share done, positions, "
+                    "heuristics (SH:) and register (TR:)");
   command->add_flag("--mirror", args->bMirror,
                     "also solve the position mirrored left to right (a check of the first pass)");
   command->add_option("--threads", args->threads, "threads and levels as T or T^L");

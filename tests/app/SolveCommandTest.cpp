@@ -51,6 +51,14 @@ TEST_F(SolveCommand, ExitStatuses) {
   }
 }
 
+// --show-passes prints each pass's progress line, with its heuristics, on the error stream.
+TEST_F(SolveCommand, ShowPassesPrintsThePassProgressLines) {
+  const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-04273");
+  const TRun run = Run("solve --show-passes --fen '" + longFen + "' --mate 10 --time-limit 2");
+  EXPECT_THAT(run.err, ::testing::ContainsRegex("Pass 1, 1\\. [^\r]* SH:[0-9a-f]+h,TR:"));
+  EXPECT_THAT(run.err, ::testing::HasSubstr("\r"));
+}
+
 // Numbers out of range are refused with a message that names the option, never wrapped
 // around or cut back in silence. Each is refused before any work starts.
 TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
