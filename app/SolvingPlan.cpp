@@ -1,6 +1,7 @@
 #include "app/SolvingPlan.h"
 
 #include "core/BoardTransforms.h"
+#include "engine/HeuristicChoice.h"
 
 namespace {
 
@@ -20,7 +21,8 @@ std::unique_ptr<SolvingRequest> MakeRequest(const TProblem& problem,
 }  // namespace
 
 bool RunsInSafeMode(const TProblem& problem, bool bQuickMode) {
-  return !bQuickMode || problem.HasFlag(option::kSafeMode);
+  return !bQuickMode || problem.HasFlag(option::kSafeMode) ||
+         heuristicchoice::ForcesSafeMode(problem.start);
 }
 
 std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(

@@ -26,8 +26,8 @@ struct TSolvingPlanSettings {
 std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(
     const TProblem& problem, const TSolvingPlanSettings& settings);
 
-// With quick mode on, a pass runs safe only when the problem says SAFEMODE; with it off,
-// every pass runs safe.
+// With quick mode on, a pass runs safe only when the problem says SAFEMODE or its kind of
+// position forces safe mode; with quick mode off, every pass runs safe.
 bool RunsInSafeMode(const TProblem& problem, bool bQuickMode);
 
 // The thread settings the problem's THREADS option asks for when they differ from the

@@ -115,4 +115,17 @@ std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
   return passes;
 }
 
+bool ForcesSafeMode(const TChessboard& start) {
+  const auto Minors = [&](bool bBlack) {
+    return start.nPieces[kWhiteBishops + bBlack] + start.nPieces[kWhiteKnights + bBlack];
+  };
+  const auto Majors = [&](bool bBlack) {
+    return start.nPieces[kWhiteQueens + bBlack] + start.nPieces[kWhiteRooks + bBlack];
+  };
+  const auto FewMinorsOnly = [&](bool bBlack) {
+    return Majors(bBlack) == 0 && Minors(bBlack) >= 1 && Minors(bBlack) <= 2;
+  };
+  return FewMinorsOnly(false) && FewMinorsOnly(true);
+}
+
 }  // namespace heuristicchoice

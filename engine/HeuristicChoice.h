@@ -33,4 +33,10 @@ std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
                                      const std::map<int, std::vector<std::string>>& settings,
                                      const std::optional<TNamedSet>& named = std::nullopt);
 
+// Whether quick mode could lose a mate in this kind of position, so that it must be solved in
+// safe mode: few pieces that can shuffle on both sides, as in duels of bishops and knights,
+// where repetitions filed as doubtful hide the one line that wins. Every piece besides kings
+// and pawns is a bishop or a knight, one or two on each side.
+bool ForcesSafeMode(const TChessboard& start);
+
 }  // namespace heuristicchoice

@@ -77,6 +77,26 @@ TEST(SolvingPlan, SafeMode) {
   }
 }
 
+// Quick mode gives way to safe mode where few minor pieces shuffle on both sides.
+TEST(SolvingPlan, PositionKindsThatForceSafeMode) {
+  const struct {
+    const char* fen;
+    bool bSafe;
+  } cases[] = {
+      {"8/8/8/3b4/8/1k6/8/K1N5", true},     // bishop against knight
+      {"8/8/2n5/3b4/8/1k6/8/KBN5", true},   // two minors each
+      {"8/8/8/3b4/8/1k6/5P2/K1N5", true},   // pawns do not count
+      {"8/8/8/3b4/8/1k6/8/K1R5", false},    // a rook is no minor piece
+      {"8/8/8/8/8/1k6/8/K1N5", false},      // Black has nothing to shuffle
+      {"8/8/n7/3b4/8/1k6/8/KBNN4", false},  // three White minors
+      {"8/8/8/3b4/8/1k5q/8/K1N5", false},   // and a queen
+  };
+  for (const auto& c : cases) {
+    const auto problem = DirectMateFromFen(c.fen, 3);
+    EXPECT_EQ(RunsInSafeMode(*problem, true), c.bSafe) << c.fen;
+  }
+}
+
 TEST(SolvingPlan, SolvingModes) {
   using namespace option;
   using enum ESolvingMode;
