@@ -152,6 +152,9 @@ class CMainWindow : public QMainWindow {
   // when nothing could be read.
   static bool ReadProblemsFile(const QString& path, TProblemCollection& problems,
                                QStringList& notes);
+  // The same for the other file of append and remove; a warning names what went wrong.
+  bool ReadOtherFile(const QString& path, TProblemCollection& other, QStringList& notes);
+  bool StepThroughViewed(std::vector<int>& from, std::vector<int>& to);
   void OpenNamedFile(const char* name, bool bCreate);
   QString AskFile(EFileQuestion question);
   void RememberRecent(const QString& path);

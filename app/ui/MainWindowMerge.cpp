@@ -16,14 +16,18 @@ std::string Identity(const TProblem& problem) {
 
 }  // namespace
 
+bool CMainWindow::ReadOtherFile(const QString& path, TProblemCollection& other,
+                                QStringList& notes) {
+  if (ReadProblemsFile(path, other, notes)) return true;
+  ShowMessage(WindowText("Warning"), notes.join("\n"));
+  return false;
+}
+
 // The other file's problems keep their order and are numbered on from the last problem.
 int CMainWindow::AppendProblems(const QString& path) {
   TProblemCollection other;
   QStringList notes;
-  if (!ReadProblemsFile(path, other, notes)) {
-    ShowMessage(WindowText("Warning"), notes.join("\n"));
-    return -1;
-  }
+  if (!ReadOtherFile(path, other, notes)) return -1;
   int id = collection.Empty() ? 0 : collection.Problems().rbegin()->first;
   const int nFirst = id + 1;
   std::vector<int> ids;
@@ -47,10 +51,7 @@ int CMainWindow::AppendProblems(const QString& path) {
 int CMainWindow::RemovePresentProblems(const QString& path) {
   TProblemCollection other;
   QStringList notes;
-  if (!ReadProblemsFile(path, other, notes)) {
-    ShowMessage(WindowText("Warning"), notes.join("\n"));
-    return -1;
-  }
+  if (!ReadOtherFile(path, other, notes)) return -1;
   std::set<std::string> present;
   for (const auto& [id, problem] : other.Problems()) present.insert(Identity(*problem));
   std::vector<int> removed;

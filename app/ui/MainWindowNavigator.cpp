@@ -43,25 +43,23 @@ void CMainWindow::Step(int direction) {
   GoToProblem(at->first);
 }
 
-// Problems removed since they were viewed are passed over.
 bool CMainWindow::ViewedBack() {
-  if (bSettingMode) return false;
-  while (!viewedBefore.empty() && !collection.Find(viewedBefore.back())) viewedBefore.pop_back();
-  if (viewedBefore.empty()) return false;
-  viewedAfter.push_back(nCurrentId);
-  nCurrentId = viewedBefore.back();
-  viewedBefore.pop_back();
-  ShowProblem();
-  return true;
+  return StepThroughViewed(viewedBefore, viewedAfter);
 }
 
 bool CMainWindow::ViewedForward() {
+  return StepThroughViewed(viewedAfter, viewedBefore);
+}
+
+// Goes to the last problem of from, leaving the current one on to; problems removed since
+// they were viewed are passed over.
+bool CMainWindow::StepThroughViewed(std::vector<int>& from, std::vector<int>& to) {
   if (bSettingMode) return false;
-  while (!viewedAfter.empty() && !collection.Find(viewedAfter.back())) viewedAfter.pop_back();
-  if (viewedAfter.empty()) return false;
-  viewedBefore.push_back(nCurrentId);
-  nCurrentId = viewedAfter.back();
-  viewedAfter.pop_back();
+  while (!from.empty() && !collection.Find(from.back())) from.pop_back();
+  if (from.empty()) return false;
+  to.push_back(nCurrentId);
+  nCurrentId = from.back();
+  from.pop_back();
   ShowProblem();
   return true;
 }
