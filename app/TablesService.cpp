@@ -8,6 +8,7 @@
 TTablesSettings TablesSettingsFromOptions(const COptions& options) {
   TTablesSettings settings;
   settings.nQuotaBytes = options.nPrecalcQuotaBytes;
+  settings.bDiskAccess = options.bGlobalRegisterForceDiskAccess;
   if (!options.sPrecalcPath.empty()) {
     settings.extraFolder = settings.folder;
     settings.folder = options.sPrecalcPath;
@@ -16,7 +17,9 @@ TTablesSettings TablesSettingsFromOptions(const COptions& options) {
 }
 
 CTablesService::CTablesService(TTablesSettings tablesSettings, TMessageSink sink)
-    : settings(std::move(tablesSettings)), messages(std::move(sink)) {}
+    : settings(std::move(tablesSettings)),
+      messages(std::move(sink)),
+      blockCache(settings.nQuotaBytes) {}
 
 std::filesystem::path CTablesService::FileOf(const TTableMaterial& material) const {
   const std::filesystem::path main = tablefile::PathOf(settings.folder, material);
@@ -106,6 +109,8 @@ CTablesService::TProbeSlot CTablesService::FindSlot(const TChessboard& board) {
   const auto material = TTableMaterial::OfBoard(board.squares);
   if (material && !material->WhiteCanMate()) {
     slot.bNoMate = true;
+  } else if (material && settings.bDiskAccess) {
+    slot.diskTable = OpenOnDisk(*material);
   } else if (material) {
     slot.table = Acquire(*material);
   }
@@ -117,8 +122,50 @@ CTablesService::TProbeSlot CTablesService::FindSlot(const TChessboard& board) {
 std::optional<std::uint8_t> CTablesService::Probe(const TChessboard& board) {
   const TProbeSlot slot = FindSlot(board);
   if (slot.bNoMate) return tablevalue::kNoMate;
+  if (slot.diskTable != nullptr) return ProbeOnDisk(*slot.diskTable, board);
   if (slot.table == nullptr) return std::nullopt;
   return slot.table->ValueOfBoard(board.IsWhiteToMove(), board.squares);
+}
+
+std::shared_ptr<const CDiskEndgameTable> CTablesService::OpenOnDisk(
+    const TTableMaterial& material) {
+  {
+    std::lock_guard guard(lock);
+    const auto found = diskTables.find(material.Name());
+    if (found != diskTables.end()) return found->second;
+    if (unusable.count(material.Name()) != 0) return nullptr;
+  }
+  const std::filesystem::path file = FileOf(material);
+  std::shared_ptr<const CDiskEndgameTable> table;
+  try {
+    table = std::make_shared<const CDiskEndgameTable>(file, material, blockCache);
+  } catch (const std::exception& e) {
+    std::lock_guard guard(lock);
+    if (std::filesystem::exists(file.parent_path())) {
+      ReportOnce(material.Name(), e.what());
+    } else {
+      unusable.insert(material.Name());
+    }
+    return nullptr;
+  }
+  std::lock_guard guard(lock);
+  return diskTables.emplace(material.Name(), table).first->second;
+}
+
+std::optional<std::uint8_t> CTablesService::ProbeOnDisk(const CDiskEndgameTable& table,
+                                                        const TChessboard& board) {
+  try {
+    return table.ValueOfBoard(board.IsWhiteToMove(), board.squares);
+  } catch (const std::exception& e) {
+    // A block that cannot be read or unpacked makes the whole file suspect: the search goes
+    // on without it.
+    std::lock_guard guard(lock);
+    ReportOnce(table.Material().Name(), "Endgame table file " + FileOf(table.Material()).string() +
+                                            " is unusable: " + e.what());
+    diskTables.erase(table.Material().Name());
+    slots.clear();
+    return std::nullopt;
+  }
 }
 
 std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMaterial>& materials,
@@ -138,6 +185,7 @@ std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMa
         TGeneratedTable{table.Material().Name(), seconds, std::filesystem::file_size(file), true});
     std::lock_guard guard(lock);
     unusable.erase(table.Material().Name());
+    diskTables.erase(table.Material().Name());
     slots.clear();
   };
   for (const TTableMaterial& material : materials) {
@@ -187,4 +235,9 @@ std::vector<CTablesService::TLoaded> CTablesService::Loaded() const {
 std::uint64_t CTablesService::LoadedBytes() const {
   std::lock_guard guard(lock);
   return nLoadedBytes;
+}
+
+CTablesService::TDiskUse CTablesService::DiskUse() const {
+  std::lock_guard guard(lock);
+  return TDiskUse{diskTables.size(), blockCache.HeldBytes()};
 }

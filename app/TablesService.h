@@ -14,7 +14,9 @@
 #include <vector>
 
 #include "app/Options.h"
+#include "registers/DiskEndgameTable.h"
 #include "registers/EndgameTable.h"
+#include "registers/PackedBlockCache.h"
 #include "registers/TableProbe.h"
 
 struct TTablesSettings {
@@ -22,6 +24,9 @@ struct TTablesSettings {
   std::filesystem::path extraFolder;         // looked in as well when not empty
   std::uint64_t nQuotaBytes = 0;             // memory the loaded tables may take
   int nThreads = 2;                          // for generation
+  // The search probes tables in their files, block by block, instead of loading them
+  // whole; the unpacked blocks share the quota.
+  bool bDiskAccess = false;
 };
 
 // The settings from options.ini: PrecalcPath, when given, is the folder, and Precalc in the
@@ -65,6 +70,12 @@ class CTablesService : public CTableProbe {
   };
   std::vector<TLoaded> Loaded() const;
   std::uint64_t LoadedBytes() const;
+  // The tables the search probes in their files, and the bytes of their blocks in memory.
+  struct TDiskUse {
+    std::size_t nTables = 0;
+    std::uint64_t nBlockBytes = 0;
+  };
+  TDiskUse DiskUse() const;
   const TTablesSettings& Settings() const { return settings; }
 
  private:
@@ -76,8 +87,11 @@ class CTablesService : public CTableProbe {
   // without one (White has only the king), or nothing.
   struct TProbeSlot {
     std::shared_ptr<const TEndgameTable> table;
+    std::shared_ptr<const CDiskEndgameTable> diskTable;
     bool bNoMate = false;
   };
+  std::shared_ptr<const CDiskEndgameTable> OpenOnDisk(const TTableMaterial& material);
+  std::optional<std::uint8_t> ProbeOnDisk(const CDiskEndgameTable& table, const TChessboard& board);
   TProbeSlot FindSlot(const TChessboard& board);
   std::shared_ptr<const TEndgameTable> ReadFile(const TTableMaterial& material);
   void MakeRoom(std::uint64_t nBytes);
@@ -89,6 +103,8 @@ class CTablesService : public CTableProbe {
   std::map<std::string, TEntry> loaded;
   std::map<std::uint32_t, TProbeSlot> slots;  // emptied whenever a table leaves or comes
   std::set<std::string> unusable;             // names without a usable file, reported once
+  std::map<std::string, std::shared_ptr<const CDiskEndgameTable>> diskTables;
+  CPackedBlockCache blockCache;
   std::uint64_t nLoadedBytes = 0;
   std::uint64_t nUses = 0;
 };

@@ -132,6 +132,9 @@ void Info(const TTablesArguments& args) {
   std::cout << "Folder: " << settings.folder.string() << "\n";
   if (!settings.extraFolder.empty()) std::cout << "Also: " << settings.extraFolder.string() << "\n";
   std::cout << "Memory quota: " << (settings.nQuotaBytes >> 20) << " MB\n";
+  std::cout << "The search reads tables "
+            << (settings.bDiskAccess ? "from their files, block by block" : "whole into memory")
+            << " (GlobalRegisterForceDiskAccess=" << settings.bDiskAccess << ")\n";
   for (const TTableMaterial& material : service.TablesOnDisk()) {
     const auto table = service.Acquire(material);
     std::printf("%-6s %12llu positions %12llu bytes in memory%s\n", material.Name().c_str(),

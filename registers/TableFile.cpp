@@ -10,8 +10,6 @@ namespace {
 
 constexpr char kMark[4] = {'L', 'M', 'E', 'T'};
 constexpr size_t kNameBytes = 16;
-// The packed file's data type word of endgame tables.
-constexpr std::uint16_t kDataType = 0x544D;
 
 // Reads a buffer in memory as a stream, for the packer.
 class CMemoryStream : public std::streambuf {
@@ -29,7 +27,7 @@ struct THeader {
   std::uint64_t nPositions;
   std::uint64_t checksum;
 };
-static_assert(sizeof(THeader) == 40);
+static_assert(sizeof(THeader) == kHeaderBytes);
 
 std::uint64_t Checksum(const std::vector<std::uint8_t>& white,
                        const std::vector<std::uint8_t>& black) {
@@ -74,6 +72,22 @@ void Write(const TEndgameTable& table, const std::filesystem::path& file) {
   std::filesystem::rename(temporary.string() + ".log", file.string() + ".log");
 }
 
+std::uint64_t CheckHeader(const unsigned char* bytes, const std::filesystem::path& file,
+                          const TTableMaterial& material) {
+  THeader header{};
+  std::memcpy(&header, bytes, sizeof header);
+  if (std::memcmp(header.mark, kMark, sizeof kMark) != 0) throw Corrupt(file, "not a table file");
+  if (header.version != kVersion || header.indexScheme != kIndexScheme)
+    throw Corrupt(file, "version " + std::to_string(header.version) + ", index scheme " +
+                            std::to_string(header.indexScheme));
+  header.name[kNameBytes - 1] = '\0';
+  if (material.Name() != header.name)
+    throw Corrupt(file, "it holds " + std::string(header.name) + ", not " + material.Name());
+  if (header.nPositions != TTableIndex(material).Size())
+    throw Corrupt(file, "wrong number of positions");
+  return header.checksum;
+}
+
 std::unique_ptr<TEndgameTable> Read(const std::filesystem::path& file,
                                     const TTableMaterial& material) {
   if (!std::filesystem::exists(file))
@@ -94,23 +108,15 @@ std::unique_ptr<TEndgameTable> Read(const std::filesystem::path& file,
   } catch (const std::exception& e) {
     throw Corrupt(file, e.what());
   }
-  THeader header{};
-  if (bytes.size() < sizeof header) throw Corrupt(file, "no header");
-  std::memcpy(&header, bytes.data(), sizeof header);
-  if (std::memcmp(header.mark, kMark, sizeof kMark) != 0) throw Corrupt(file, "not a table file");
-  if (header.version != kVersion || header.indexScheme != kIndexScheme)
-    throw Corrupt(file, "version " + std::to_string(header.version) + ", index scheme " +
-                            std::to_string(header.indexScheme));
-  header.name[kNameBytes - 1] = '\0';
-  if (material.Name() != header.name)
-    throw Corrupt(file, "it holds " + std::string(header.name) + ", not " + material.Name());
+  if (bytes.size() < kHeaderBytes) throw Corrupt(file, "no header");
   const TTableIndex index(material);
-  if (header.nPositions != index.Size() || bytes.size() != sizeof header + 2 * index.Size())
+  const std::uint64_t checksum = CheckHeader(bytes.data(), file, material);
+  if (bytes.size() != kHeaderBytes + 2 * index.Size())
     throw Corrupt(file, "wrong number of positions");
-  const auto* values = bytes.data() + sizeof header;
+  const auto* values = bytes.data() + kHeaderBytes;
   std::vector<std::uint8_t> white(values, values + index.Size());
   std::vector<std::uint8_t> black(values + index.Size(), values + 2 * index.Size());
-  if (Checksum(white, black) != header.checksum) throw Corrupt(file, "checksum mismatch");
+  if (Checksum(white, black) != checksum) throw Corrupt(file, "checksum mismatch");
   return std::make_unique<TEndgameTable>(material, std::move(white), std::move(black));
 }
 

@@ -23,6 +23,11 @@ class CTableFileError : public std::runtime_error {
 constexpr std::uint16_t kVersion = 1;
 constexpr std::uint16_t kIndexScheme = 1;
 
+// The packed file's data type word of endgame tables.
+constexpr std::uint16_t kDataType = 0x544D;
+// The bytes of our header before the values in a table file's data.
+constexpr std::size_t kHeaderBytes = 40;
+
 std::filesystem::path PathOf(const std::filesystem::path& folder, const TTableMaterial& material);
 
 // Writes through a temporary file renamed at the end, so a broken write leaves no table.
@@ -30,6 +35,10 @@ std::filesystem::path PathOf(const std::filesystem::path& folder, const TTableMa
 void Write(const TEndgameTable& table, const std::filesystem::path& file);
 // Reads the table of the material; throws CTableFileError when the file is missing or does
 // not hold that table whole.
+// Checks a table file's header (its first kHeaderBytes bytes of data) against the material
+// and returns the checksum it records; throws CTableFileError when it is not that table's.
+std::uint64_t CheckHeader(const unsigned char* header, const std::filesystem::path& file,
+                          const TTableMaterial& material);
 std::unique_ptr<TEndgameTable> Read(const std::filesystem::path& file,
                                     const TTableMaterial& material);
 

@@ -92,11 +92,67 @@ TEST_F(TablesService, AnUnusableFileIsReportedOnceByNameAndSkipped) {
   EXPECT_EQ(messages.size(), 1u);
 }
 
+TEST_F(TablesService, ProbingInTheFilesAnswersAsTheLoadedTableAndLoadsNothing) {
+  Service().Generate({TTableMaterial::Parse("KRK")});
+  CTablesService loaded = Service();
+  TTablesSettings settings = Settings(1 << 20);
+  settings.bDiskAccess = true;
+  CTablesService onDisk(settings,
+                        [this](const std::string& message) { messages.push_back(message); });
+  TChessboard board;
+  int nProbed = 0;
+  // Every placement of the rook with the kings on a few squares, both sides to move.
+  for (const auto& [whiteKing, blackKing] :
+       {std::pair{18, 0}, std::pair{36, 63}, std::pair{0, 2}}) {
+    for (int rook = 0; rook < 64; ++rook) {
+      if (rook == whiteKing || rook == blackKing) continue;
+      for (bool bWhite : {true, false}) {
+        ClearChessboard(board);
+        board.squares[whiteKing] = piece::kWhiteKing;
+        board.squares[blackKing] = piece::kBlackKing;
+        board.squares[rook] = piece::kWhiteRook;
+        board.ply = bWhite ? 5 : 4;
+        if (!TryAnalyse(board, true)) continue;
+        EXPECT_EQ(onDisk.Probe(board), loaded.Probe(board)) << rook << " " << bWhite;
+        ++nProbed;
+      }
+    }
+  }
+  EXPECT_GT(nProbed, 300);
+  EXPECT_EQ(onDisk.LoadedBytes(), 0u);
+  EXPECT_EQ(onDisk.DiskUse().nTables, 1u);
+  EXPECT_GT(onDisk.DiskUse().nBlockBytes, 0u);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(TablesService, ACorruptFileProbedOnDiskIsReportedOnceAndSkipped) {
+  Service().Generate({TTableMaterial::Parse("KRK")});
+  const auto file = tablefile::PathOf(folder / "Precalc", TTableMaterial::Parse("KRK"));
+  std::filesystem::resize_file(file, std::filesystem::file_size(file) - 3);
+  TTablesSettings settings = Settings(1 << 20);
+  settings.bDiskAccess = true;
+  CTablesService service(settings,
+                         [this](const std::string& message) { messages.push_back(message); });
+  TChessboard board;
+  ClearChessboard(board);
+  board.squares[0] = piece::kWhiteKing;
+  board.squares[63] = piece::kBlackKing;
+  board.squares[9] = piece::kWhiteRook;
+  board.ply = 5;
+  Analyse(board, true);
+  EXPECT_FALSE(service.Probe(board));
+  EXPECT_FALSE(service.Probe(board));
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_NE(messages[0].find(file.string()), std::string::npos);
+}
+
 TEST_F(TablesService, PrecalcPathIsTheFolderAndTheWorkingFolderIsStillRead) {
   COptions options;
   options.nPrecalcQuotaBytes = 1 << 20;
   options.sPrecalcPath = (folder / "elsewhere").string();
+  options.bGlobalRegisterForceDiskAccess = true;
   const TTablesSettings settings = TablesSettingsFromOptions(options);
+  EXPECT_TRUE(settings.bDiskAccess);
   EXPECT_EQ(settings.folder, folder / "elsewhere");
   EXPECT_EQ(settings.extraFolder, "Precalc");
   EXPECT_EQ(settings.nQuotaBytes, 1u << 20);

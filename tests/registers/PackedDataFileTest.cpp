@@ -8,6 +8,7 @@
 #include "CodecTestData.h"
 #include "registers/LZ4e.h"
 #include "registers/LittleEndian.h"
+#include "registers/PackedBlockCache.h"
 #include "registers/PackedDataFile.h"
 
 namespace {
@@ -156,6 +157,62 @@ TEST_F(PackedTwoBlocks, ACorruptBlockFailsOnlyItsOwnRead) {
   TBytes tooSmall(10);
   EXPECT_THROW(file.ReadBlock(0, tooSmall), std::out_of_range);
   EXPECT_THROW(file.ReadBlock(2), std::out_of_range);
+}
+
+TEST_F(PackedTwoBlocks, TheBlockCacheKeepsWithinItsBudgetAndReadsTheSameBytes) {
+  const CTempPackedFile packed("cache");
+  packed.Overwrite(fileBytes);
+  const CPackedDataFile file(packed.path);
+  const std::uint64_t offsets[] = {0, kPackedBlockSize - 1, kPackedBlockSize, data.size() - 1, 7};
+  struct TCase {
+    std::uint64_t nBudget;
+    std::size_t nBlocksHeld;
+  };
+  // Too small for one block: the latest still stays. One block: each read takes the other's
+  // place. Room for both: both stay.
+  for (const TCase& c :
+       {TCase{1000, 1}, TCase{kPackedBlockSize, 1}, TCase{3 * kPackedBlockSize, 2}}) {
+    CPackedBlockCache cache(c.nBudget);
+    const std::uint64_t key = cache.NewFileKey();
+    for (std::uint64_t offset : offsets) {
+      EXPECT_EQ(cache.Byte(file, key, offset), data[offset]) << offset;
+    }
+    EXPECT_EQ(cache.HeldBlocks(), c.nBlocksHeld) << c.nBudget;
+    EXPECT_LE(cache.HeldBytes(), std::max<std::uint64_t>(c.nBudget, kPackedBlockSize));
+  }
+}
+
+TEST_F(PackedTwoBlocks, ACorruptBlockInTheCacheFailsOnlyItsOwnBytes) {
+  const CTempPackedFile packed("cache-corrupt");
+  packed.Overwrite(TBytes(fileBytes.begin(), fileBytes.end() - 1));
+  const CPackedDataFile file(packed.path);
+  CPackedBlockCache cache(3 * kPackedBlockSize);
+  const std::uint64_t key = cache.NewFileKey();
+  EXPECT_THROW(cache.Byte(file, key, kPackedBlockSize + 5), CLZ4eError);
+  EXPECT_EQ(cache.Byte(file, key, kPackedBlockSize - 1), data[kPackedBlockSize - 1]);
+  EXPECT_EQ(cache.HeldBlocks(), 1u);
+}
+
+TEST_F(PackedTwoBlocks, ThreadsProbingThroughOneBlockCacheReadTheirBytes) {
+  const CTempPackedFile packed("cache-threads");
+  packed.Overwrite(fileBytes);
+  const CPackedDataFile file(packed.path);
+  CPackedBlockCache cache(kPackedBlockSize);  // room for one: the threads evict each other
+  const std::uint64_t key = cache.NewFileKey();
+  std::vector<int> nWrong(3, 0);
+  std::vector<std::thread> threads;
+  for (int t = 0; t < 3; ++t) {
+    threads.emplace_back([&, t] {
+      for (int round = 0; round < 3; ++round) {
+        const std::uint64_t offset = ((t + round) % 2 + 1) * kPackedBlockSize - 1;
+        if (cache.Byte(file, key, std::min<std::uint64_t>(offset, data.size() - 1)) !=
+            data[std::min<std::uint64_t>(offset, data.size() - 1)])
+          ++nWrong[t];
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(nWrong, std::vector<int>(3, 0));
 }
 
 TEST_F(PackedTwoBlocks, ThreadsReadingBlocksAtOnceEachGetTheirOwn) {
