@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "problems/SafeFile.h"
+#include "core/SafeFile.h"
 
 namespace {
 
@@ -95,8 +95,8 @@ std::string CIniFile::Text() const {
   return EncodeText(text, m_encoding);
 }
 
-bool CIniFile::Save(const std::filesystem::path& path) const {
-  return !safefile::Save(path.string(), Text());
+std::optional<std::string> CIniFile::Save(const std::filesystem::path& path) const {
+  return safefile::Save(path.string(), Text());
 }
 
 void CIniFile::InsertLine(std::size_t i, std::string text) {

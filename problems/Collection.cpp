@@ -4,11 +4,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/SafeFile.h"
 #include "problems/DefaultClauses.h"
 #include "problems/Lexer.h"
 #include "problems/ProblemReader.h"
 #include "problems/ProblemWriter.h"
-#include "problems/SafeFile.h"
 #include "problems/TextTools.h"
 
 namespace {

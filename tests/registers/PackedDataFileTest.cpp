@@ -27,7 +27,7 @@ class CTempPackedFile {
   }
   bool Pack(const TBytes& data, std::uint16_t dataType = 0x1234) const {
     std::istringstream input(std::string(data.begin(), data.end()));
-    return PackDataFile(input, data.size(), dataType, path);
+    return !PackDataFile(input, data.size(), dataType, path);
   }
   TBytes Bytes() const {
     std::ifstream in(path, std::ios::binary);
@@ -179,9 +179,11 @@ TEST_F(PackedTwoBlocks, ThreadsReadingBlocksAtOnceEachGetTheirOwn) {
 TEST(PackedDataFile, PackingFailsOnShortInputOrAnUnwritableOutput) {
   const CTempPackedFile packed("short");
   std::istringstream shortInput(std::string(100, 'x'));
-  EXPECT_FALSE(PackDataFile(shortInput, 101, 0, packed.path));
+  EXPECT_EQ(PackDataFile(shortInput, 101, 0, packed.path),
+            "Cannot pack the data of " + packed.path.string());
   std::istringstream input(std::string(100, 'x'));
-  EXPECT_FALSE(PackDataFile(input, 100, 0, packed.path / "no-such-folder" / "file"));
+  const std::filesystem::path missing = packed.path / "no-such-folder" / "file";
+  EXPECT_EQ(PackDataFile(input, 100, 0, missing), "Error opening file: " + missing.string());
 }
 
 }  // namespace
