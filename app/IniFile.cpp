@@ -60,7 +60,9 @@ std::optional<int> LeadingInteger(std::string_view text) {
 
 bool CIniFile::Load(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  std::error_code error;
+  // A folder opens like a file but has no text to read.
+  if (!in || std::filesystem::is_directory(path, error)) {
     Parse({});
     return false;
   }

@@ -204,7 +204,9 @@ TRegisterFileCounts Read(TAggregatedTemporaryChessboardRegister& reg,
                          const TChessboardRegisterItem& problem,
                          const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
-  if (!in) Fail(file, "cannot be opened.");
+  std::error_code error;
+  // A folder opens like a file but has no bytes to read.
+  if (!in || std::filesystem::is_directory(file, error)) Fail(file, "cannot be opened.");
   const TFileHeader header = ReadHeader(in, file);
   if (header.nVersion != kRegisterFileVersion)
     Fail(file, "was written by another version of the program (register file version " +

@@ -186,4 +186,29 @@ TEST(PackedDataFile, PackingFailsOnShortInputOrAnUnwritableOutput) {
   EXPECT_EQ(PackDataFile(input, 100, 0, missing), "Error opening file: " + missing.string());
 }
 
+// An open file goes on reading what it opened when a save replaces the file or it is removed;
+// a file cut short in place fails the reading of the block, naming the file.
+TEST(PackedDataFile, AFileChangedWhileOpenReadsWhatWasOpenedOrSaysItCannot) {
+  const CTempPackedFile packed("while-open");
+  TBytes data(1000);
+  for (std::size_t i = 0; i < data.size(); ++i) data[i] = static_cast<unsigned char>(i * 7);
+  ASSERT_TRUE(packed.Pack(data));
+  {
+    const CPackedDataFile file(packed.path);
+    ASSERT_TRUE(packed.Pack(TBytes(1000, 0x11)));
+    EXPECT_EQ(file.ReadBlock(0), data);
+    std::filesystem::remove(packed.path);
+    EXPECT_EQ(file.ReadBlock(0), data);
+  }
+  ASSERT_TRUE(packed.Pack(data));
+  const CPackedDataFile file(packed.path);
+  std::filesystem::resize_file(packed.path, kPackedHeaderSize + 8 + 4);
+  try {
+    file.ReadBlock(0);
+    ADD_FAILURE() << "read a block beyond the file's end";
+  } catch (const std::runtime_error& error) {
+    EXPECT_EQ(std::string(error.what()), "Error reading file: " + packed.path.string());
+  }
+}
+
 }  // namespace
