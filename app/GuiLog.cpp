@@ -1,6 +1,6 @@
 #include "app/GuiLog.h"
 
-#include <fstream>
+#include "core/FileAppender.h"
 
 std::string FormatLocalTime(std::time_t time) {
   std::tm local{};
@@ -10,8 +10,8 @@ std::string FormatLocalTime(std::time_t time) {
   return std::string(buffer, length);
 }
 
-bool AppendTimedLogLine(const std::filesystem::path& logFile, std::string_view text) {
-  std::ofstream out(logFile, std::ios::app);
-  out << text << " (" << FormatLocalTime(std::time(nullptr)) << ")\n";
-  return static_cast<bool>(out.flush());
+std::optional<std::string> AppendTimedLogLine(const std::filesystem::path& logFile,
+                                              std::string_view text) {
+  return safefile::AppendToFile(
+      logFile.string(), std::string(text) + " (" + FormatLocalTime(std::time(nullptr)) + ")\n");
 }

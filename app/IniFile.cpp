@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "problems/SafeFile.h"
+#include "core/SafeFile.h"
 
 namespace {
 
@@ -60,7 +60,9 @@ std::optional<int> LeadingInteger(std::string_view text) {
 
 bool CIniFile::Load(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  std::error_code error;
+  // A folder opens like a file but has no text to read.
+  if (!in || std::filesystem::is_directory(path, error)) {
     Parse({});
     return false;
   }
@@ -95,8 +97,8 @@ std::string CIniFile::Text() const {
   return EncodeText(text, m_encoding);
 }
 
-bool CIniFile::Save(const std::filesystem::path& path) const {
-  return !safefile::Save(path.string(), Text());
+std::optional<std::string> CIniFile::Save(const std::filesystem::path& path) const {
+  return safefile::Save(path.string(), Text());
 }
 
 void CIniFile::InsertLine(std::size_t i, std::string text) {

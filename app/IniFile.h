@@ -22,8 +22,9 @@ class CIniFile {
   void Parse(std::string_view bytes);
   // The bytes to write, in the encoding that was read.
   std::string Text() const;
-  // Saves safely: the old file stays whole until the new one is complete.
-  bool Save(const std::filesystem::path& path) const;
+  // Saves safely: the old file stays whole until the new one is complete. Returns the error
+  // text naming the file, nothing on success.
+  std::optional<std::string> Save(const std::filesystem::path& path) const;
 
   // The value with surrounding blanks and one pair of enclosing quotes removed.
   std::optional<std::string> FindString(std::string_view section, std::string_view key) const;

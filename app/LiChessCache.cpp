@@ -4,6 +4,8 @@
 #include <sstream>
 
 #include "core/ChessboardId.h"
+#include "core/FileAppender.h"
+#include "core/SafeFile.h"
 
 namespace {
 
@@ -70,19 +72,19 @@ std::size_t CLiChessCache::Size() const {
   return answers.size();
 }
 
-bool CLiChessCache::Store(const std::string& fen, const CLiChess& answer) {
+std::optional<std::string> CLiChessCache::Store(const std::string& fen, const CLiChess& answer) {
   const std::lock_guard lock(mutex);
   answers.insert_or_assign(fen, answer);
-  if (bReadOnly) return true;
+  if (bReadOnly) return std::nullopt;
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
-  std::ofstream out(
-      file, bFileCurrent ? std::ios::binary | std::ios::app : std::ios::binary | std::ios::trunc);
-  if (!bFileCurrent) out << kVersionLine << '\n';
-  out << Line(fen, answer) << '\n';
-  out.flush();
-  bFileCurrent = bFileCurrent || static_cast<bool>(out);
-  return static_cast<bool>(out);
+  const std::string line = Line(fen, answer) + '\n';
+  // A file of another version is replaced as a whole; a current one grows line by line.
+  const auto failure = bFileCurrent
+                           ? safefile::AppendToFile(file.string(), line)
+                           : safefile::Save(file.string(), std::string(kVersionLine) + '\n' + line);
+  bFileCurrent = bFileCurrent || !failure;
+  return failure;
 }
 
 std::string CLiChessCache::Line(const std::string& fen, const CLiChess& answer) {

@@ -27,9 +27,9 @@ class CLiChessCache {
                                       const TChessboard& start);
 
   std::optional<CLiChess> Find(const std::string& fen) const;
-  // Keeps the answer, and appends it to the file unless read-only; false when the file
-  // could not be written (the answer is kept in memory all the same).
-  bool Store(const std::string& fen, const CLiChess& answer);
+  // Keeps the answer, and appends it to the file unless read-only. Returns the error text
+  // when the file could not be written (the answer is kept in memory all the same).
+  std::optional<std::string> Store(const std::string& fen, const CLiChess& answer);
   std::size_t Size() const;
 
   // One line of the file, without its end, and back; nothing for a damaged line.

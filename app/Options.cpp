@@ -130,15 +130,16 @@ std::vector<std::string> ReadOptions(const std::filesystem::path& iniFile) {
   return LoadOptions(ini, platform::TotalPhysicalMemoryBytes(), Options());
 }
 
-bool WriteOptions() {
+std::optional<std::string> WriteOptions() {
   return WriteOptions(DefaultOptionsPath());
 }
 
-bool WriteOptions(const std::filesystem::path& iniFile) {
+std::optional<std::string> WriteOptions(const std::filesystem::path& iniFile) {
   CIniFile ini;
   std::error_code error;
   // A file that exists but cannot be read must not be replaced by our keys alone.
-  if (!ini.Load(iniFile) && std::filesystem::exists(iniFile, error)) return false;
+  if (!ini.Load(iniFile) && std::filesystem::exists(iniFile, error))
+    return "Error reading file: " + iniFile.string();
   StoreOptions(Options(), ini);
   return ini.Save(iniFile);
 }

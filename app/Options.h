@@ -7,6 +7,7 @@
 #include <bitset>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,9 +75,10 @@ std::filesystem::path DefaultOptionsPath();
 // Reads every key into the process settings and returns the warnings to show.
 std::vector<std::string> ReadOptions();
 std::vector<std::string> ReadOptions(const std::filesystem::path& iniFile);
-// Writes the keys the options dialog owns, keeping everything else in the file.
-bool WriteOptions();
-bool WriteOptions(const std::filesystem::path& iniFile);
+// Writes the keys the options dialog owns, keeping everything else in the file. Returns the
+// error text naming the file, nothing on success; a file that cannot be read is left alone.
+std::optional<std::string> WriteOptions();
+std::optional<std::string> WriteOptions(const std::filesystem::path& iniFile);
 
 // The same without the process settings and the machine: warnings come back in
 // the language just read. A missing key takes its default; an empty PrecalcPath

@@ -1,19 +1,17 @@
 #include "app/RegressionLog.h"
 
 #include <array>
-#include <cstdio>
 #include <thread>
+
+#include "core/FileAppender.h"
 
 CRegressionLog::CRegressionLog(const std::filesystem::path& folder, TSleep sleepFor)
     : path(folder / kFileName), sleep(std::move(sleepFor)) {
   if (!sleep) sleep = [](std::chrono::milliseconds wait) { std::this_thread::sleep_for(wait); };
 }
 
-void CRegressionLog::Append(const std::string& text) const {
-  std::FILE* file = std::fopen(path.string().c_str(), "a");
-  if (!file) return;
-  std::fprintf(file, "%s", text.c_str());
-  std::fclose(file);
+std::optional<std::string> CRegressionLog::Append(const std::string& text) const {
+  return safefile::AppendToFile(path.string(), text);
 }
 
 bool CRegressionLog::Rotate() const {

@@ -1,8 +1,8 @@
 #include "app/SearchReport.h"
 
 #include <cstdio>
-#include <fstream>
 
+#include "core/SafeFile.h"
 #include "problems/HeuristicCatalogue.h"
 
 namespace {
@@ -36,10 +36,11 @@ std::vector<std::string> HeuristicLines(const TSearchCriteria& criteria) {
   return lines;
 }
 
-bool WriteLines(const std::filesystem::path& path, const std::vector<std::string>& lines) {
-  std::ofstream file(path, std::ios::trunc);
-  for (const std::string& line : lines) file << line << "\n";
-  return static_cast<bool>(file);
+std::optional<std::string> WriteLines(const std::filesystem::path& path,
+                                      const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  return safefile::Save(path.string(), text);
 }
 
 }  // namespace
@@ -109,16 +110,18 @@ std::string HeuristicsText(const TProblem& problem) {
   return text;
 }
 
-bool WriteSearchReports(const std::filesystem::path& folder, const TSearchQuery& query,
-                        const TSearchResult& result) {
+std::optional<std::string> WriteSearchReports(const std::filesystem::path& folder,
+                                              const TSearchQuery& query,
+                                              const TSearchResult& result) {
   std::vector<std::string> lines = CriteriaLines(query);
   if (result.bSimilarOnly) lines.push_back("Similar positions only");
   for (const TSearchHit& hit : result.hits) lines.push_back(HitLine(hit));
   for (const std::string& line : ResultLines(result)) lines.push_back(line);
-  bool bWritten = WriteLines(folder / kSearchProblemsLogName, lines);
-  if (query.criteria.heuristics.empty()) return bWritten;
+  auto error = WriteLines(folder / kSearchProblemsLogName, lines);
+  if (query.criteria.heuristics.empty()) return error;
   lines = CriteriaLines(query);
   for (const TSearchHit& hit : result.hits)
     lines.push_back(std::to_string(hit.pProblem->id) + ": " + HeuristicsText(*hit.pProblem));
-  return WriteLines(folder / kSearchHeuristicsLogName, lines) && bWritten;
+  const auto heuristicsError = WriteLines(folder / kSearchHeuristicsLogName, lines);
+  return error ? error : heuristicsError;
 }

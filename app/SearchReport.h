@@ -3,6 +3,7 @@
 // the criteria and the hits of every search, and "SearchHeuristics.log" with the heuristics
 // of every problem a search by heuristics matched. Each search writes its reports afresh.
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ std::string HitLine(const TSearchHit& hit);
 // The problem's heuristics as the file gives them: "KingOnEdge(2) NoCastling(OFF)".
 std::string HeuristicsText(const TProblem& problem);
 
-// Writes the reports of a search into folder; returns false when one could not be written.
-bool WriteSearchReports(const std::filesystem::path& folder, const TSearchQuery& query,
-                        const TSearchResult& result);
+// Writes the reports of a search into folder; returns the error text of the first that could
+// not be written, nothing when both were.
+std::optional<std::string> WriteSearchReports(const std::filesystem::path& folder,
+                                              const TSearchQuery& query,
+                                              const TSearchResult& result);

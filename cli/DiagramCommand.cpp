@@ -6,8 +6,8 @@
 #include "app/Options.h"
 #include "cli/Commands.h"
 #include "cli/SvgToPng.h"
+#include "core/SafeFile.h"
 #include "problems/Collection.h"
-#include "problems/SafeFile.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 
 #include "app/Options.h"
 #include "cli/Commands.h"
+#include "core/SafeFile.h"
 #include "problems/Collection.h"
 #include "problems/ForeignFormat.h"
-#include "problems/SafeFile.h"
 
 namespace {
 

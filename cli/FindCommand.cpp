@@ -110,8 +110,8 @@ void CheckFens(const TProblemCollection& collection, const std::string& other) {
 void PrintResult(const TSearchQuery& query, const TSearchResult& result) {
   for (const TSearchHit& hit : result.hits) std::printf("%s\n", HitLine(hit).c_str());
   for (const std::string& line : ResultLines(result)) std::printf("%s\n", line.c_str());
-  if (!WriteSearchReports(std::filesystem::current_path(), query, result))
-    std::cerr << "The search reports could not be written in the working folder\n";
+  if (const auto error = WriteSearchReports(std::filesystem::current_path(), query, result))
+    std::cerr << *error << "\n";
 }
 
 // "--similar FEN" or "--similar ID": the problems whose positions are like it.

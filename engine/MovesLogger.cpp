@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 
 #include "core/ChessboardId.h"
 #include "core/Notation.h"
@@ -14,6 +15,9 @@ std::mutex& LogMutex() {
   static std::mutex mutex;
   return mutex;
 }
+
+// Lines are gathered and written in pieces of about this size.
+constexpr std::size_t kFlushBytes = 1 << 16;
 
 // Plies beyond this can only come from a damaged record.
 constexpr unsigned kMaxLoggedPlies = 600;
@@ -97,29 +101,45 @@ CMovesLogger::CMovesLogger(const TMovesLogSettings& logSettings)
 
 CMovesLogger::~CMovesLogger() {
   const std::lock_guard lock(LogMutex());
-  if (file != nullptr) std::fclose(file);
+  Flush();
 }
 
-std::FILE* CMovesLogger::OpenForThread() {
-  if (nOpenThread == nCurrentThread) return file;
+void CMovesLogger::Flush() {
+  if (file && !pending.empty() && !file->Append(pending)) error = file->Error();
+  pending.clear();
+}
+
+std::string CMovesLogger::FlushLines() {
+  const std::lock_guard lock(LogMutex());
+  Flush();
+  return std::exchange(error, std::string());
+}
+
+bool CMovesLogger::OpenForThread() {
+  if (nOpenThread == nCurrentThread) return file != nullptr;
   const bool bHadFile = nOpenThread >= 0;
-  if (file != nullptr) std::fclose(file);
+  Flush();
   nOpenThread = nCurrentThread;
   // Successive solves add to the files.
-  file = std::fopen(
-      (settings.folder / moveslog::FileName(settings.nProblem, nCurrentThread)).string().c_str(),
-      "a");
-  if (file == nullptr) return nullptr;
-  std::fprintf(file, "%s\n", std::string(52, '-').c_str());
-  if (bHadFile) std::fprintf(file, "NextMultithreadingLevel analysis...\n");
-  return file;
+  file = std::make_unique<safefile::CFileAppender>(
+      (settings.folder / moveslog::FileName(settings.nProblem, nCurrentThread)).string());
+  if (!file->Open()) {
+    error = file->Error();
+    file.reset();
+    return false;
+  }
+  pending = std::string(52, '-') + "\n";
+  if (bHadFile) pending += "NextMultithreadingLevel analysis...\n";
+  return true;
 }
 
 void CMovesLogger::Write(unsigned nTabs, const std::string& text) {
   const std::lock_guard lock(LogMutex());
-  std::FILE* out = OpenForThread();
-  if (out == nullptr) return;
-  std::fprintf(out, "%s%s\n", std::string(nTabs, '\t').c_str(), text.c_str());
+  if (!OpenForThread()) return;
+  pending.append(nTabs, '\t');
+  pending += text;
+  pending += '\n';
+  if (pending.size() >= kFlushBytes) Flush();
 }
 
 void CMovesLogger::MoveLine(const TChessboard& mover, TMove move, const TChessboard* made) {

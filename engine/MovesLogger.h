@@ -2,12 +2,13 @@
 // The moves log: the tree a search thread walks, written to a plain text file per problem and
 // thread, so that a user can follow why a line was judged mate, no mate or doubtful.
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "core/Chessboard.h"
+#include "core/FileAppender.h"
 #include "core/Move.h"
 #include "engine/MateResult.h"
 
@@ -67,15 +68,23 @@ class CMovesLogger {
   void ResultLine(const TChessboard& board, MateResult result, std::uint32_t reason);
   // A note on its own line at board's indentation.
   void TextLine(const TChessboard& board, std::string_view text);
+  // Writes the lines gathered so far; returns the message of the last failure, empty when the
+  // file took every line. A file that cannot be written loses lines, and the search goes on.
+  std::string FlushLines();
 
  private:
-  // Under the lock: the file of the current thread number, opened on first use.
-  std::FILE* OpenForThread();
+  // Under the lock: opens the file of the current thread number on first use; false when
+  // it cannot be opened.
+  bool OpenForThread();
   void Write(unsigned nTabs, const std::string& text);
+  // Under the lock: appends the lines gathered so far.
+  void Flush();
 
   const TMovesLogSettings& settings;
   const std::string sPassText;
-  std::FILE* file = nullptr;
+  std::unique_ptr<safefile::CFileAppender> file;
+  std::string pending;   // whole lines not yet written
+  std::string error;     // the last failure
   int nOpenThread = -1;  // the number file was opened for, -1 before the first
   int nCurrentThread = 0;
 };

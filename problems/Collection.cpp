@@ -4,11 +4,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/SafeFile.h"
 #include "problems/DefaultClauses.h"
 #include "problems/Lexer.h"
 #include "problems/ProblemReader.h"
 #include "problems/ProblemWriter.h"
-#include "problems/SafeFile.h"
 #include "problems/TextTools.h"
 
 namespace {
@@ -31,6 +31,18 @@ std::size_t SkipFileHeader(std::string_view text) {
   return pos;
 }
 
+// Problem files are UTF-8; a text in another encoding would be read as garbled letters and,
+// saved again, lose them for good.
+std::optional<TFileError> EncodingError(const std::string& path, std::string_view text) {
+  if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+    return TFileError{path, 0, 0,
+                      "Error reading file: " + path + ": the text is UTF-16, not UTF-8"};
+  const std::size_t at = text::FirstNonUtf8(text);
+  if (at == std::string_view::npos) return std::nullopt;
+  return TFileError::At(path, text, at,
+                        "the text is not UTF-8 (another encoding, such as Latin-2?)");
+}
+
 void Log(const TLogSink& log, const std::string& line) {
   if (log) log(line);
 }
@@ -51,7 +63,9 @@ std::optional<TFileError> TProblemCollection::ReadFile(const std::string& path,
   }
   std::ostringstream content;
   content << file.rdbuf();
-  return ReadText(content.str(), path, options);
+  const std::string text = content.str();
+  if (auto failure = EncodingError(path, text)) return failure;
+  return ReadText(text, path, options);
 }
 
 std::optional<TFileError> TProblemCollection::ReadText(std::string_view text,

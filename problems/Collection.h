@@ -42,7 +42,8 @@ class TProblemCollection {
 
   // Reads every problem of the file into the collection, replacing problems of the same
   // id. A bad problem stops the reading: the problems read before it stay, and the error
-  // is returned with its line and column.
+  // is returned with its line and column. A file in another encoding than UTF-8 (UTF-16,
+  // Latin-2) is refused whole, at its first byte that is not UTF-8.
   std::optional<TFileError> ReadFile(const std::string& path, const TReadOptions& options);
   // The same for a text already in memory; fileName names it in errors.
   std::optional<TFileError> ReadText(std::string_view text, const std::string& fileName,

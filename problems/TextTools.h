@@ -19,5 +19,8 @@ SquareIndex ReadSquare(char file, char rank);
 std::string SquareText(SquareIndex s);
 // A decimal number that fits in an int, with nothing else; false otherwise.
 bool ReadNumber(std::string_view s, int& value);
+// The offset of the first byte that does not begin a well-formed UTF-8 character (as the
+// letters of a Latin-2 text do), std::string_view::npos when there is none.
+std::size_t FirstNonUtf8(std::string_view s);
 
 }  // namespace text

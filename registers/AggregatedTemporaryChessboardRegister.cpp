@@ -5,6 +5,8 @@
 #include <new>
 #include <vector>
 
+#include "core/FileAppender.h"
+
 namespace {
 using Clock = std::chrono::steady_clock;
 
@@ -61,14 +63,14 @@ void TAggregatedTemporaryChessboardRegister::Log(const char* message, std::int64
                                                  std::int64_t second) {
   const std::lock_guard lock(logMutex);
   if (logFile.empty()) return;
-  std::FILE* file = std::fopen(logFile.c_str(), "a");
-  if (file == nullptr) return;
-  std::fprintf(file, "%s, msg params: %d, %d\n", message, static_cast<int>(first),
-               static_cast<int>(second));
-  std::fprintf(file, "\t\t\tElementsIn= %d, DoubtfulElementsIn=%d\n",
-               static_cast<int>(ElementsIn.load(std::memory_order_relaxed)),
-               static_cast<int>(DoubtfulElementsIn.load(std::memory_order_relaxed)));
-  std::fclose(file);
+  char lines[512];
+  std::snprintf(lines, sizeof lines,
+                "%s, msg params: %d, %d\n\t\t\tElementsIn= %d, DoubtfulElementsIn=%d\n", message,
+                static_cast<int>(first), static_cast<int>(second),
+                static_cast<int>(ElementsIn.load(std::memory_order_relaxed)),
+                static_cast<int>(DoubtfulElementsIn.load(std::memory_order_relaxed)));
+  // A log that cannot be written loses the lines; the solve goes on.
+  safefile::AppendToFile(logFile.string(), lines);
 }
 
 void TAggregatedTemporaryChessboardRegister::EmptySomeDataWhenRegisterFull(bool bForce) {

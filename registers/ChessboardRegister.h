@@ -76,13 +76,14 @@ class TChessboardRegister<bool> {
                     const std::filesystem::path& solvedPositionsFile);
   // Writes every entry to the file of the problem bound last, replacing it as a whole and
   // creating its folder; returns how many were written, nothing when no problem is bound.
-  // Throws std::filesystem::filesystem_error or std::ios_base::failure when it cannot.
+  // Throws ChessException naming the file when it cannot; the earlier file then stays whole.
   std::optional<std::uint64_t> SaveBoundProblem() const;
   // Reads 76-byte records (key, information) until a short read; returns how many were
   // filed. A missing file reads as empty; records that no register writes (move count 0,
   // answer neither 0 nor 1) are passed over. Contradicting records throw ChessException.
   std::uint64_t LoadSolvedPositions(const std::filesystem::path& file);
-  // Writes every entry in the same record format; returns how many were written.
+  // Writes every entry in the same record format, replacing the file only when the new one
+  // is whole; returns how many were written. Throws as SaveBoundProblem.
   std::uint64_t SaveSolvedPositions(const std::filesystem::path& file) const;
 
   // Calls visit(key, info) for every exact entry, a part of the store at a time under its lock.

@@ -4,7 +4,9 @@
 #include <fstream>
 #include <istream>
 #include <mutex>
+#include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 // A packed data file holds a large data file cut into 16 MiB blocks, each compressed with
@@ -25,9 +27,11 @@ inline constexpr std::size_t kPackedBlockSize = std::size_t{1} << 24;
 // Packs nDataSize bytes read from input into the file output, and writes beside it
 // output + ".log" with one line per block: "Compressed bucket <block>. Packed <bytes so far>
 // of <nDataSize> (<percent>%). Compression ratio <compressed so far / bytes so far>%".
-// Returns false on any failed read, write or compression; a partly written file then stays.
-bool PackDataFile(std::istream& input, std::uint64_t nDataSize, std::uint16_t dataType,
-                  const std::filesystem::path& output);
+// Returns the error text, naming the file, of a failed read, write or compression; an earlier
+// file then stays as it was.
+std::optional<std::string> PackDataFile(std::istream& input, std::uint64_t nDataSize,
+                                        std::uint16_t dataType,
+                                        const std::filesystem::path& output);
 
 // Reads the blocks of a packed data file in any order. The header and the offset table are
 // read and checked on opening; each ReadBlock reads one block. Safe to call from several

@@ -7,12 +7,14 @@
 #include <fstream>
 
 #include "core/ChessException.h"
+#include "core/SafeFile.h"
 #include "registers/ChessboardRegister.h"
 
 namespace {
 constexpr std::size_t kKeySize = sizeof(TChessboardRegisterItem);
 constexpr std::size_t kRecordSize = kKeySize + sizeof(TRegisterInfo);
 static_assert(kRecordSize == 76);
+constexpr std::size_t kWriteChunk = kRecordSize << 14;
 static_assert(std::endian::native == std::endian::little, "records are stored little-endian");
 
 // What a register can have written: a sub-problem of at least one ply, answered yes or no.
@@ -53,13 +55,10 @@ void TChessboardRegister<bool>::AdoptProblem(const TChessboardRegisterItem& prob
 
 std::optional<std::uint64_t> TChessboardRegister<bool>::SaveBoundProblem() const {
   if (!boundProblem) return std::nullopt;
-  if (boundFile.has_parent_path()) std::filesystem::create_directories(boundFile.parent_path());
-  // Written aside and renamed, so that a failed save leaves the earlier file whole.
-  std::filesystem::path partial = boundFile;
-  partial += ".partial";
-  const std::uint64_t nWritten = SaveSolvedPositions(partial);
-  std::filesystem::rename(partial, boundFile);
-  return nWritten;
+  std::error_code ignored;  // a folder that cannot be made fails the opening, named
+  if (boundFile.has_parent_path())
+    std::filesystem::create_directories(boundFile.parent_path(), ignored);
+  return SaveSolvedPositions(boundFile);
 }
 
 std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesystem::path& file) {
@@ -94,17 +93,22 @@ std::uint64_t TChessboardRegister<bool>::LoadSolvedPositions(const std::filesyst
 
 std::uint64_t TChessboardRegister<bool>::SaveSolvedPositions(
     const std::filesystem::path& file) const {
-  std::ofstream out;
-  out.exceptions(std::ios::failbit | std::ios::badbit);
-  out.open(file, std::ios::binary | std::ios::trunc);
+  safefile::CFileWriter out(file.string());
+  if (!out.Begin()) throw ChessException(out.Error());
+  // Records are gathered into larger writes; the first failure ends the save.
+  std::string buffer;
   std::uint64_t nWritten = 0;
+  bool bFailed = false;
   store.ForEach([&](const TChessboardRegisterItem& key, const TRegisterInfo& info) {
-    char record[kRecordSize];
-    std::memcpy(record, key.bytes, kKeySize);
-    std::memcpy(record + kKeySize, &info, sizeof info);
-    out.write(record, kRecordSize);
+    if (bFailed) return;
+    buffer.append(reinterpret_cast<const char*>(key.bytes), kKeySize);
+    buffer.append(reinterpret_cast<const char*>(&info), sizeof info);
     ++nWritten;
+    if (buffer.size() >= kWriteChunk) {
+      bFailed = !out.Write(buffer);
+      buffer.clear();
+    }
   });
-  out.close();  // a failure to write the last buffer throws here, not silently in the destructor
+  if (bFailed || !out.Write(buffer) || !out.Commit()) throw ChessException(out.Error());
   return nWritten;
 }

@@ -62,14 +62,12 @@ void Write(const TEndgameTable& table, const std::filesystem::path& file) {
   std::memcpy(bytes.data() + sizeof header, table.WhiteValues().data(), table.Size());
   std::memcpy(bytes.data() + sizeof header + table.Size(), table.BlackValues().data(),
               table.Size());
-  std::filesystem::create_directories(file.parent_path());
-  const std::filesystem::path temporary = file.string() + ".part";
+  std::error_code ignored;  // a folder that cannot be made fails the opening, named
+  std::filesystem::create_directories(file.parent_path(), ignored);
   CMemoryStream buffer(bytes);
   std::istream input(&buffer);
-  if (!PackDataFile(input, bytes.size(), kDataType, temporary))
-    throw CTableFileError("Cannot write the endgame table file " + temporary.string());
-  std::filesystem::rename(temporary, file);
-  std::filesystem::rename(temporary.string() + ".log", file.string() + ".log");
+  if (const auto error = PackDataFile(input, bytes.size(), kDataType, file))
+    throw CTableFileError(*error);
 }
 
 std::uint64_t CheckHeader(const unsigned char* bytes, const std::filesystem::path& file,

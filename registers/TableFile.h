@@ -30,8 +30,8 @@ constexpr std::size_t kHeaderBytes = 40;
 
 std::filesystem::path PathOf(const std::filesystem::path& folder, const TTableMaterial& material);
 
-// Writes through a temporary file renamed at the end, so a broken write leaves no table.
-// Throws CTableFileError when the file cannot be written.
+// Writes through a temporary file renamed at the end, so a broken write leaves an earlier
+// table as it was. Throws CTableFileError, naming the file, when it cannot be written.
 void Write(const TEndgameTable& table, const std::filesystem::path& file);
 // Reads the table of the material; throws CTableFileError when the file is missing or does
 // not hold that table whole.

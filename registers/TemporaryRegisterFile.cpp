@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/ChessException.h"
+#include "core/SafeFile.h"
 #include "registers/LZ4e.h"
 #include "registers/LittleEndian.h"
 
@@ -57,7 +58,8 @@ void WriteHeader(unsigned char* bytes, const TFileHeader& header) {
 // Collects records into blocks and writes each compressed block.
 class CBlockWriter {
  public:
-  CBlockWriter(std::ofstream& output, const std::filesystem::path& name) : out(output), file(name) {
+  CBlockWriter(safefile::CFileWriter& output, const std::filesystem::path& name)
+      : out(output), file(name) {
     records.reserve(kBlockRecords * kRecordSize);
   }
   void Add(const unsigned char* record) {
@@ -67,15 +69,16 @@ class CBlockWriter {
   void Flush() {
     if (records.empty()) return;
     hash = HashBytes(records, hash);
-    if (!CompressLZ4e(records.data(), records.size(), block)) Fail(file, "cannot be written.");
-    out.write(reinterpret_cast<const char*>(block.data()),
-              static_cast<std::streamsize>(block.size()));
+    if (!CompressLZ4e(records.data(), records.size(), block))
+      throw ChessException("Error writing file: " + file.string() +
+                           ": out of memory while compressing");
+    if (!out.Write(block.data(), block.size())) throw ChessException(out.Error());
     records.clear();
   }
   std::uint64_t Hash() const { return hash; }
 
  private:
-  std::ofstream& out;
+  safefile::CFileWriter& out;
   const std::filesystem::path& file;
   std::vector<unsigned char> records, block;
   std::uint64_t hash = kHashSeed;
@@ -170,13 +173,10 @@ void ForEachRecord(std::ifstream& in, const std::filesystem::path& file, const T
 TRegisterFileCounts Save(const TAggregatedTemporaryChessboardRegister& reg,
                          const TChessboardRegisterItem& problem,
                          const std::filesystem::path& file) {
-  std::filesystem::path partial = file;
-  partial += ".partial";
-  std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-  if (!out) Fail(file, "cannot be written.");
+  safefile::CFileWriter out(file.string());
   TFileHeader header{kRegisterFileVersion, problem, {}, 0};
   unsigned char headerBytes[kHeaderSize] = {};
-  out.write(reinterpret_cast<const char*>(headerBytes), kHeaderSize);
+  if (!out.Begin() || !out.Write(headerBytes, kHeaderSize)) throw ChessException(out.Error());
   CBlockWriter writer(out, file);
   unsigned char record[kRecordSize];
   reg.ForEachEntry([&](const TChessboardRegisterItem& key, const TRegisterInfo& info) {
@@ -196,16 +196,7 @@ TRegisterFileCounts Save(const TAggregatedTemporaryChessboardRegister& reg,
   writer.Flush();
   header.hash = writer.Hash();
   WriteHeader(headerBytes, header);
-  out.seekp(0);
-  out.write(reinterpret_cast<const char*>(headerBytes), kHeaderSize);
-  out.close();
-  std::error_code error;
-  if (out.fail()) {
-    std::filesystem::remove(partial, error);
-    Fail(file, "cannot be written.");
-  }
-  std::filesystem::rename(partial, file, error);
-  if (error) Fail(file, "cannot be written.");
+  if (!out.WriteAt(0, headerBytes, kHeaderSize) || !out.Commit()) throw ChessException(out.Error());
   return header.counts;
 }
 
@@ -213,7 +204,9 @@ TRegisterFileCounts Read(TAggregatedTemporaryChessboardRegister& reg,
                          const TChessboardRegisterItem& problem,
                          const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
-  if (!in) Fail(file, "cannot be opened.");
+  std::error_code error;
+  // A folder opens like a file but has no bytes to read.
+  if (!in || std::filesystem::is_directory(file, error)) Fail(file, "cannot be opened.");
   const TFileHeader header = ReadHeader(in, file);
   if (header.nVersion != kRegisterFileVersion)
     Fail(file, "was written by another version of the program (register file version " +

@@ -27,8 +27,8 @@ struct TRegisterFileCounts {
   std::uint64_t nDoubtful = 0;
 };
 
-// Writes every entry of reg for the problem. Throws ChessException "Cannot write file
-// <path>" when the file cannot be written; a failed save leaves an earlier file whole.
+// Writes every entry of reg for the problem. Throws ChessException with the message of a
+// failed save ("Error writing file: <path>: ..."); an earlier file then stays as it was.
 TRegisterFileCounts Save(const TAggregatedTemporaryChessboardRegister& reg,
                          const TChessboardRegisterItem& problem, const std::filesystem::path& file);
 

@@ -51,7 +51,7 @@ bool StoreLanguageId(int nLanguageId, const std::filesystem::path& iniFile) {
   CIniFile settings;
   settings.Load(iniFile);  // a missing file is made anew
   settings.SetString("chess", "LanguageId", std::to_string(nLanguageId));
-  return settings.Save(iniFile);
+  return !settings.Save(iniFile);
 }
 
 QString WindowText(const char* text) {

@@ -12,8 +12,8 @@
 #include "app/Options.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
+#include "core/SafeFile.h"
 #include "problems/ForeignFormat.h"
-#include "problems/SafeFile.h"
 
 namespace {
 

@@ -127,7 +127,7 @@ TEST(IniFile, ForeignEncodingsAreReadAndWrittenBackInTheirOwn) {
         << static_cast<int>(form);
     ini.SetString("chess", "LanguageId", "2");
     ini.SetString("chess", "QuickMode", "0");
-    ASSERT_TRUE(ini.Save(path));
+    ASSERT_FALSE(ini.Save(path));
     EXPECT_EQ(ReadTextFile(path), Bytes(form, true)) << static_cast<int>(form);
   }
 }
@@ -139,7 +139,7 @@ TEST(IniFile, SaveReplacesTheFileAndLeavesNoTemporary) {
   CIniFile ini;
   ASSERT_TRUE(ini.Load(path));
   ini.SetString("chess", "A", "5");
-  ASSERT_TRUE(ini.Save(path));
+  ASSERT_FALSE(ini.Save(path));
   EXPECT_EQ(ReadTextFile(path), "[chess]\r\nA=5\r\n; keep\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
@@ -150,7 +150,8 @@ TEST(IniFile, MissingFileLoadsEmptyAndSaveFailsInMissingFolder) {
   ini.Parse("[x]\nA=1\n");
   EXPECT_FALSE(ini.Load(folder / "absent.ini"));
   EXPECT_EQ(ini.Text(), "");
-  EXPECT_FALSE(ini.Save(folder / "no" / "such.ini"));
+  EXPECT_EQ(ini.Save(folder / "no" / "such.ini"),
+            "Error opening file: " + (folder / "no" / "such.ini").string());
 }
 
 }  // namespace

@@ -364,7 +364,7 @@ TEST_F(ProblemSearchTest, ReportsNameTheCriteriaAndTheHits) {
               ElementsAre("Found problems that match criteria: 1 (use F3/Shift+F3 to navigate "
                           "to next/previous matching problem)"));
   CTempFolder folder;
-  ASSERT_TRUE(WriteSearchReports(folder.Path(), query, result));
+  ASSERT_FALSE(WriteSearchReports(folder.Path(), query, result));
   EXPECT_THAT(ReadTextFile(folder / kSearchProblemsLogName),
               HasSubstr("     1  #3     6  Sam Loyd, Le Sphinx 1859\nFound problems"));
   EXPECT_THAT(ReadTextFile(folder / kSearchHeuristicsLogName),

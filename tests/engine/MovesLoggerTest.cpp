@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "SolveControlHelpers.h"
+#include "WriterFaults.h"
 #include "app/TempFolder.h"
 #include "core/ChessboardId.h"
 #include "core/MoveMaking.h"
@@ -153,6 +154,24 @@ void ExpectWellFormed(const std::vector<std::string>& lines) {
     EXPECT_EQ(std::stoi(parts[2]), (nTabs - 1) / 2 + 1) << text;
     EXPECT_EQ(parts[6].matched, bMove && nTabs == 1) << text;
   }
+}
+
+// A log that cannot be written loses the lines of the failed write, keeps the earlier ones
+// and says why; the next solve writes again.
+TEST(MovesLogger, AFailedWriteKeepsTheEarlierLines) {
+  const CTempFolder folder;
+  const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 9, .pass = {.nPass = 2}};
+  const TChessboard board = WithPly("4k3/8/8/8/8/8/8/R3K3 w - - 0 1", 3);
+  const writerfaults::TWriter writer{"moves log", folder / "MovesLogger_problem9_thread0.log",
+                                     [&] {
+                                       CMovesLogger logger(settings);
+                                       logger.ResultLine(board, mate::kMate, 0);
+                                       logger.TextLine(board, "Mate found (pos.in temp.reg.)");
+                                       return logger.FlushLines();
+                                     },
+                                     true};
+  ASSERT_EQ(writer.write(), "");
+  writerfaults::ExpectEachFaultKeepsTheOldFile(writer, 32);
 }
 
 TEST(MovesLogger, ASolveLogsItsTreeFromTheKeyToTheRootResult) {

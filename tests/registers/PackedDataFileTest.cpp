@@ -28,7 +28,7 @@ class CTempPackedFile {
   }
   bool Pack(const TBytes& data, std::uint16_t dataType = 0x1234) const {
     std::istringstream input(std::string(data.begin(), data.end()));
-    return PackDataFile(input, data.size(), dataType, path);
+    return !PackDataFile(input, data.size(), dataType, path);
   }
   TBytes Bytes() const {
     std::ifstream in(path, std::ios::binary);
@@ -236,9 +236,36 @@ TEST_F(PackedTwoBlocks, ThreadsReadingBlocksAtOnceEachGetTheirOwn) {
 TEST(PackedDataFile, PackingFailsOnShortInputOrAnUnwritableOutput) {
   const CTempPackedFile packed("short");
   std::istringstream shortInput(std::string(100, 'x'));
-  EXPECT_FALSE(PackDataFile(shortInput, 101, 0, packed.path));
+  EXPECT_EQ(PackDataFile(shortInput, 101, 0, packed.path),
+            "Cannot pack the data of " + packed.path.string());
   std::istringstream input(std::string(100, 'x'));
-  EXPECT_FALSE(PackDataFile(input, 100, 0, packed.path / "no-such-folder" / "file"));
+  const std::filesystem::path missing = packed.path / "no-such-folder" / "file";
+  EXPECT_EQ(PackDataFile(input, 100, 0, missing), "Error opening file: " + missing.string());
+}
+
+// An open file goes on reading what it opened when a save replaces the file or it is removed;
+// a file cut short in place fails the reading of the block, naming the file.
+TEST(PackedDataFile, AFileChangedWhileOpenReadsWhatWasOpenedOrSaysItCannot) {
+  const CTempPackedFile packed("while-open");
+  TBytes data(1000);
+  for (std::size_t i = 0; i < data.size(); ++i) data[i] = static_cast<unsigned char>(i * 7);
+  ASSERT_TRUE(packed.Pack(data));
+  {
+    const CPackedDataFile file(packed.path);
+    ASSERT_TRUE(packed.Pack(TBytes(1000, 0x11)));
+    EXPECT_EQ(file.ReadBlock(0), data);
+    std::filesystem::remove(packed.path);
+    EXPECT_EQ(file.ReadBlock(0), data);
+  }
+  ASSERT_TRUE(packed.Pack(data));
+  const CPackedDataFile file(packed.path);
+  std::filesystem::resize_file(packed.path, kPackedHeaderSize + 8 + 4);
+  try {
+    file.ReadBlock(0);
+    ADD_FAILURE() << "read a block beyond the file's end";
+  } catch (const std::runtime_error& error) {
+    EXPECT_EQ(std::string(error.what()), "Error reading file: " + packed.path.string());
+  }
 }
 
 }  // namespace

@@ -8,7 +8,8 @@
 #include <sstream>
 #include <string>
 
-#include "problems/SafeFile.h"
+#include "core/FileAppender.h"
+#include "core/SafeFile.h"
 
 namespace {
 
@@ -88,6 +89,75 @@ TEST_F(SafeFile, EachFailedOperationKeepsTheOldFileAndARetrySucceeds) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << kOld;
   }
   safefile::SetFaultSeam(nullptr);
+}
+
+TEST_F(SafeFile, AFullDiskIsSaidSo) {
+  for (const int nOperation : {1, 2}) {
+    safefile::TFaultSeam full{.nFailingOperation = nOperation, .nErrno = ENOSPC};
+    safefile::SetFaultSeam(&full);
+    EXPECT_EQ(safefile::Save(path, "x"),
+              (nOperation == 1 ? "Error opening file: " : "Error writing file: ") + path +
+                  ": the disk is full");
+  }
+  safefile::SetFaultSeam(nullptr);
+  EXPECT_EQ(Content(), kOld);
+}
+
+// A header filled in at the end, over the bytes reserved for it.
+TEST_F(SafeFile, AStreamedFileIsWrittenInPiecesAndItsHeadLast) {
+  safefile::CFileWriter writer(path);
+  ASSERT_TRUE(writer.Begin());
+  ASSERT_TRUE(writer.Write("....body"));
+  ASSERT_TRUE(writer.Write(std::string(" end")));
+  EXPECT_EQ(Content(), kOld);
+  ASSERT_TRUE(writer.WriteAt(0, "head", 4));
+  ASSERT_TRUE(writer.Commit());
+  EXPECT_EQ(Content(), "headbody end");
+  EXPECT_EQ(FilesInFolder(), 1);
+}
+
+// A writer given up (an exception, a cancelled save) leaves the old file and nothing else;
+// after a failure every later call fails with the first message.
+TEST_F(SafeFile, AnAbandonedOrFailedStreamLeavesTheOldFile) {
+  {
+    safefile::CFileWriter writer(path);
+    ASSERT_TRUE(writer.Begin());
+    ASSERT_TRUE(writer.Write("half of it"));
+  }
+  EXPECT_EQ(Content(), kOld);
+  EXPECT_EQ(FilesInFolder(), 1);
+
+  safefile::CFileWriter writer(path);
+  safefile::TFaultSeam failing{.nFailingOperation = 2, .nErrno = ENOSPC};
+  safefile::SetFaultSeam(&failing);
+  ASSERT_TRUE(writer.Begin());
+  EXPECT_FALSE(writer.Write("first"));
+  safefile::SetFaultSeam(nullptr);
+  EXPECT_FALSE(writer.Write("second"));
+  EXPECT_FALSE(writer.Commit());
+  EXPECT_EQ(writer.Error(), "Error writing file: " + path + ": the disk is full");
+  EXPECT_EQ(Content(), kOld);
+  EXPECT_EQ(FilesInFolder(), 1);
+}
+
+// A log takes each text whole or not at all, whichever operation fails.
+TEST_F(SafeFile, AnAppendedTextGoesInWholeOrNotAtAll) {
+  safefile::TFaultSeam counting{.nMaxWriteBytes = 4};
+  safefile::SetFaultSeam(&counting);
+  ASSERT_FALSE(safefile::AppendToFile(path, "line 1\n"));
+  ASSERT_EQ(counting.nOperations, 4);  // open, two writes, close
+  const std::string before = Content();
+  for (int n = 1; n <= 3; ++n) {
+    safefile::TFaultSeam failing{.nFailingOperation = n, .nErrno = ENOSPC, .nMaxWriteBytes = 4};
+    safefile::SetFaultSeam(&failing);
+    EXPECT_EQ(
+        safefile::AppendToFile(path, "line 2\n"),
+        (n == 1 ? "Error opening file: " : "Error writing file: ") + path + ": the disk is full");
+    EXPECT_EQ(Content(), before) << "operation " << n;
+  }
+  safefile::SetFaultSeam(nullptr);
+  EXPECT_FALSE(safefile::AppendToFile(path, "line 2\n"));
+  EXPECT_EQ(Content(), before + "line 2\n");
 }
 
 TEST_F(SafeFile, AMissingFolderIsAnOpeningError) {
