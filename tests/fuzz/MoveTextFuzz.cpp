@@ -1,6 +1,6 @@
 // Move text in English and Polish letters, long and short notation. The first line is a FEN
-// (the start position when it does not read), the rest a move sequence played from it. Every
-// move made is written again and must read back as the same move, in both notations.
+// (the start position when it does not read or is no legal start), the rest a move sequence played
+// from it. Every move made is written again and must read back as the same move, in both notations.
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -22,13 +22,18 @@ TChessboard Start(std::string_view fenLine) {
   bool bRead = false;
   try {
     bRead = fen::ReadFen(board, std::string(fenLine));
+    // As every reader of problems does, positions whose side not to move is in check are
+    // refused before a move is read.
+    board.ply = board.rootPlies = kPlies;
+    if (bRead) fen::CheckStartPosition(board);
   } catch (const ChessException&) {
+    bRead = false;
   }
   if (!bRead) {
     ClearChessboard(board);
     fen::ReadFen(board, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR");
+    board.ply = board.rootPlies = kPlies;
   }
-  board.ply = board.rootPlies = kPlies;
   return board;
 }
 
