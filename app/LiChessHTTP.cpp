@@ -2,6 +2,7 @@
 
 #include <curl/curl.h>
 
+#include <algorithm>
 #include <memory>
 #include <thread>
 
@@ -15,14 +16,32 @@ void InitialiseCurlOnce() {
   (void)bInitialised;
 }
 
+// The body of one answer, cut off at the settings' limit even when the service announced no
+// length (or a false one).
+struct TAnswerBuffer {
+  std::string text{};
+  std::size_t nLimit = 0;
+  bool bTooLarge = false;
+};
+
 size_t AppendChunk(char* data, size_t size, size_t count, void* target) {
-  auto& page = *static_cast<std::string*>(target);
-  try {
-    page.append(data, size * count);
-  } catch (...) {
+  auto& buffer = *static_cast<TAnswerBuffer*>(target);
+  const size_t n = size * count;
+  if (n > buffer.nLimit - buffer.text.size()) {
+    buffer.bTooLarge = true;
     return 0;  // libcurl ends the transfer with a write error
   }
-  return size * count;
+  try {
+    buffer.text.append(data, n);
+  } catch (...) {
+    return 0;
+  }
+  return n;
+}
+
+bool IsHostCharacter(unsigned char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' ||
+         c == '.' || c == ':' || c == '[' || c == ']';
 }
 
 bool IsUnreserved(unsigned char c) {
@@ -53,6 +72,16 @@ CLiChessHTTP::CLiChessHTTP(TLiChessSettings liChessSettings, TMessageSink messag
                    static_cast<long>(settings.connectTimeout.count()));
   curl_easy_setopt(curl, CURLOPT_TIMEOUT_MS, static_cast<long>(settings.totalTimeout.count()));
   curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, AppendChunk);
+  curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 0L);
+  curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(curl, CURLOPT_MAXFILESIZE_LARGE,
+                   static_cast<curl_off_t>(settings.nMaxAnswerBytes));
+}
+
+bool CLiChessHTTP::IsAcceptedAddress(const TLiChessSettings& settings) {
+  return (settings.scheme == "http" || settings.scheme == "https") && !settings.host.empty() &&
+         std::ranges::all_of(settings.host,
+                             [](char c) { return IsHostCharacter(static_cast<unsigned char>(c)); });
 }
 
 CLiChessHTTP::~CLiChessHTTP() {
@@ -89,6 +118,10 @@ TLiChessPage CLiChessHTTP::GetHTMLPage(const std::string& path) {
   const std::lock_guard lock(connectionMutex);
   if (handle == nullptr)
     return {.body = kNoInternetConnectionText, .sError = kNoInternetConnectionText};
+  if (!IsAcceptedAddress(settings)) {
+    const std::string refusal = kRefusedAddressText + Address("");
+    return {.body = refusal, .sError = refusal};
+  }
   std::this_thread::sleep_until(nextRequest);
   TLiChessPage page;
   try {
@@ -106,19 +139,21 @@ TLiChessPage CLiChessHTTP::GetHTMLPage(const std::string& path) {
 TLiChessPage CLiChessHTTP::Fetch(const std::string& path) {
   CURL* curl = static_cast<CURL*>(handle);
   TLiChessPage page;
-  std::string body;
+  TAnswerBuffer body{.nLimit = settings.nMaxAnswerBytes};
   const std::string address = Address(path);
   curl_easy_setopt(curl, CURLOPT_URL, address.c_str());
   curl_easy_setopt(curl, CURLOPT_HTTPGET, 1L);
   curl_easy_setopt(curl, CURLOPT_WRITEDATA, &body);
   const CURLcode code = curl_easy_perform(curl);
   curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &page.nStatus);
-  if (code != CURLE_OK) {
+  if (body.bTooLarge || code == CURLE_FILESIZE_EXCEEDED) {
+    page.sError = kAnswerTooLargeText;
+  } else if (code != CURLE_OK) {
     page.sError = curl_easy_strerror(code);
   } else if (page.nStatus != 200) {
     page.sError = "HTTP status " + std::to_string(page.nStatus);
   } else {
-    page.body = std::move(body);
+    page.body = std::move(body.text);
   }
   return page;
 }

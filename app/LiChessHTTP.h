@@ -4,6 +4,7 @@
 // public service takes about one request a second; after "429 Too Many Requests", or a
 // request that got no answer at all, the next request waits a full minute.
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <mutex>
@@ -20,6 +21,8 @@ struct TLiChessSettings {
   std::chrono::milliseconds totalTimeout{10000};  // a slow answer holds up the solve
   std::chrono::milliseconds minInterval{1000};    // between the starts of two requests
   std::chrono::milliseconds tooManyRequestsWait{60000};
+  // An answer is a few kilobytes; a larger one is refused before it can fill the memory.
+  std::size_t nMaxAnswerBytes = std::size_t{1} << 20;
   bool bWarnOnRepetition = false;  // a position fetched again is reported
 };
 
@@ -36,6 +39,11 @@ struct TLiChessPage {
 
 inline constexpr const char* kNoInternetConnectionText = "No internet connection";
 inline constexpr const char* kPageExceptionText = "Exception occurred in GetHTMLPage()";
+// Only the configured service is asked: its scheme must be http or https and its host a plain
+// name or address with an optional port, and redirects, which could lead elsewhere, are not
+// followed.
+inline constexpr const char* kRefusedAddressText = "Tablebase address refused: ";
+inline constexpr const char* kAnswerTooLargeText = "Tablebase answer too large";
 
 class CLiChessHTTP {
  public:
@@ -59,6 +67,8 @@ class CLiChessHTTP {
 
   // The FEN as the query path carries it.
   static std::string QueryPath(const std::string& fen);
+  // Whether the settings name a service the client may ask (see kRefusedAddressText).
+  static bool IsAcceptedAddress(const TLiChessSettings& settings);
 
  private:
   TLiChessPage Fetch(const std::string& path);

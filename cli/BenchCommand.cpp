@@ -10,4 +10,5 @@ void AddBenchCommand(CLI::App& app) {
   AddBenchMoremoversCommand(*bench);
   AddBenchFindCommand(*bench);
   AddBenchMemoryCommand(*bench);
+  AddBenchSoakCommand(*bench);
 }

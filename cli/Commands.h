@@ -28,3 +28,4 @@ void AddBenchMoremoversCommand(CLI::App& bench);
 void AddBenchReadCommand(CLI::App& bench);
 void AddBenchFindCommand(CLI::App& bench);
 void AddBenchMemoryCommand(CLI::App& bench);
+void AddBenchSoakCommand(CLI::App& bench);

@@ -1,6 +1,7 @@
 #include "core/ChessboardId.h"
 
 #include "core/ChessException.h"
+#include "core/PlainFileName.h"
 
 namespace {
 
@@ -114,5 +115,5 @@ std::string TChessboardId::ToAlphanum5() const {
 }
 
 std::string TChessboardId::FileBaseName() const {
-  return ToAlphanum6() + "." + std::to_string(nBits);
+  return filename::Plain(ToAlphanum6() + "." + std::to_string(nBits));
 }

@@ -15,6 +15,7 @@ void ReadLine(std::string_view line, std::size_t offset, int nDefaultMoves,
   std::istringstream words{std::string(line)};
   std::vector<std::string> fields;
   for (std::string word; words >> word;) fields.push_back(word);
+  if (fields.empty()) return;  // blanks only, of any kind (vertical tabs, form feeds)
   std::optional<TStipulation> stipulation;
   try {
     if (fields.back().starts_with('#') || fields.back().starts_with("s#")) {
@@ -50,9 +51,7 @@ void Read(std::string_view text, int nDefaultMoves, TProblemCollection& collecti
   while (at < text.size()) {
     std::size_t end = text.find('\n', at);
     if (end == std::string_view::npos) end = text.size();
-    const std::string_view line = text.substr(at, end - at);
-    if (line.find_first_not_of(" \t\r") != std::string_view::npos)
-      ReadLine(line, at, nDefaultMoves, collection);
+    ReadLine(text.substr(at, end - at), at, nDefaultMoves, collection);
     at = end + 1;
   }
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <streambuf>
 
+#include "core/PlainFileName.h"
 #include "registers/PackedDataFile.h"
 
 namespace tablefile {
@@ -46,7 +47,7 @@ CTableFileError Corrupt(const std::filesystem::path& file, const std::string& wh
 
 std::filesystem::path PathOf(const std::filesystem::path& folder, const TTableMaterial& material) {
   const std::string subfolder = material.PositionType() + (material.HasPawns() ? "+pawns" : "");
-  return folder / subfolder / (material.Name() + ".lmt");
+  return folder / filename::Plain(subfolder) / filename::Plain(material.Name() + ".lmt");
 }
 
 void Write(const TEndgameTable& table, const std::filesystem::path& file) {

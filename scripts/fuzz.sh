@@ -26,7 +26,7 @@ fi
 
 mkdir -p build/fuzz/crashes
 for t in "${targets[@]}"; do
-  cmake --build build/fuzz --target "fuzz_$t" >/dev/null
+  cmake --build build/fuzz -j 2 --target "fuzz_$t" >/dev/null
   mkdir -p "build/fuzz/corpus/$t"
   log="build/fuzz/$t.log"
   if ! "build/fuzz/fuzz_$t" -max_total_time="$seconds" -print_final_stats=1 \

@@ -115,4 +115,71 @@ TEST(LiChessHTTP, WarnsWhenAPositionIsFetchedAgain) {
   }
 }
 
+TEST(LiChessHTTP, RedirectsAreNotFollowed) {
+  CLocalHttpServer elsewhere(
+      [](const std::string&) { return TCannedReply{.body = kWinningAnswer}; });
+  for (const int nStatus : {301, 302, 307}) {
+    const std::string location = "http://" + elsewhere.Host() + "/standard?fen=x";
+    CLocalHttpServer server([&](const std::string&) {
+      return TCannedReply{.nStatus = nStatus, .body = kWinningAnswer, .location = location};
+    });
+    CLiChessHTTP http(LocalSettings(server));
+    TLiChessPage page;
+    EXPECT_EQ(http.Query(kFen, &page), CLiChess{}) << nStatus;
+    EXPECT_EQ(page.sError, "HTTP status " + std::to_string(nStatus));
+  }
+  EXPECT_TRUE(elsewhere.Targets().empty());
+}
+
+TEST(LiChessHTTP, AnswersAboveTheLimitAreRefused) {
+  const std::string padded = kWinningAnswer + std::string(5000, ' ');
+  const TCannedReply cases[] = {
+      {.body = padded},                        // the announced length is over the limit
+      {.body = padded, .bUnannounced = true},  // no length: the body grows past it
+  };
+  for (const TCannedReply& reply : cases) {
+    CLocalHttpServer server([&reply](const std::string&) { return reply; });
+    TLiChessSettings settings = LocalSettings(server);
+    settings.nMaxAnswerBytes = 4096;
+    CLiChessHTTP http(settings);
+    TLiChessPage page;
+    EXPECT_EQ(http.Query(kFen, &page), CLiChess{}) << reply.bUnannounced;
+    EXPECT_EQ(page.sError, kAnswerTooLargeText) << reply.bUnannounced;
+    settings.nMaxAnswerBytes = padded.size();
+    CLiChessHTTP roomy(settings);
+    EXPECT_EQ(roomy.Query(kFen).value, lichess::kWin) << reply.bUnannounced;
+  }
+}
+
+TEST(LiChessHTTP, OnlyAPlainHostOverHttpIsAsked) {
+  CLocalHttpServer server([](const std::string&) { return TCannedReply{.body = kWinningAnswer}; });
+  const std::string host = server.Host();
+  const std::pair<const char*, std::string> refused[] = {
+      {"file", host},
+      {"ftp", host},
+      {"http", ""},
+      {"http", "evil.example@" + host},
+      {"http", host + "/other?"},
+      {"http", host + "#"},
+      {"http", "host name"},
+      {"http", host + "\r\nX: y"},
+  };
+  for (const auto& [scheme, refusedHost] : refused) {
+    TLiChessSettings settings = LocalSettings(server);
+    settings.scheme = scheme;
+    settings.host = refusedHost;
+    EXPECT_FALSE(CLiChessHTTP::IsAcceptedAddress(settings)) << scheme << "://" << refusedHost;
+    CLiChessHTTP http(settings);
+    TLiChessPage page;
+    EXPECT_EQ(http.Query(kFen, &page), CLiChess{});
+    EXPECT_EQ(page.sError.rfind(kRefusedAddressText, 0), 0u) << page.sError;
+  }
+  EXPECT_TRUE(server.Targets().empty());
+  for (const char* accepted : {"tablebase.lichess.ovh", "localhost:9000", "[::1]:8080"}) {
+    TLiChessSettings settings;
+    settings.host = accepted;
+    EXPECT_TRUE(CLiChessHTTP::IsAcceptedAddress(settings)) << accepted;
+  }
+}
+
 }  // namespace

@@ -106,11 +106,13 @@ void CLocalHttpServer::Serve(int socket) {
     std::this_thread::sleep_for(reply.delay);
     const std::string body =
         reply.bTruncated ? reply.body.substr(0, reply.body.size() / 2) : reply.body;
-    const std::string head = "HTTP/1.1 " + std::to_string(reply.nStatus) + " " +
-                             ReasonOf(reply.nStatus) +
-                             "\r\nContent-Type: application/json\r\nContent-Length: " +
-                             std::to_string(reply.body.size()) + "\r\n\r\n";
-    if (!SendAll(socket, head + body) || reply.bTruncated) {
+    std::string head = "HTTP/1.1 " + std::to_string(reply.nStatus) + " " + ReasonOf(reply.nStatus) +
+                       "\r\nContent-Type: application/json\r\n";
+    if (!reply.location.empty()) head += "Location: " + reply.location + "\r\n";
+    if (!reply.bUnannounced)
+      head += "Content-Length: " + std::to_string(reply.body.size()) + "\r\n";
+    head += "\r\n";
+    if (!SendAll(socket, head + body) || reply.bTruncated || reply.bUnannounced) {
       shutdown(socket, SHUT_RDWR);  // the client sees the connection end early
       return;
     }

@@ -15,6 +15,8 @@ struct TCannedReply {
   std::string body{};
   std::chrono::milliseconds delay{0};  // before the reply is sent
   bool bTruncated = false;             // announce the whole body, send half of it and close
+  bool bUnannounced = false;           // no Content-Length: the body ends when the server closes
+  std::string location{};              // a Location header, for redirects
 };
 
 class CLocalHttpServer {

@@ -109,6 +109,15 @@ TEST(ForeignFormat, EpdNamesAndOperations) {
   EXPECT_EQ(collection.Find(40)->description, "quoted; with semicolon");
 }
 
+TEST(ForeignFormat, FenListLinesOfAnyBlanksAreSkipped) {
+  // Vertical tabs and form feeds separate words but are no blanks of a line's test.
+  TProblemCollection collection;
+  const auto error = ImportText("8/8/8/8/8/8/8/K6k #2\n\v\n \f\r\n\t\n8/8/8/8/8/8/8/K5k1 #3\n",
+                                "blank.fen", EProblemFormat::kFenList, {}, collection);
+  EXPECT_FALSE(error.has_value()) << error->Describe();
+  EXPECT_EQ(collection.Size(), 2u);
+}
+
 TEST(ForeignFormat, BadInputNamesItsLine) {
   const struct {
     EProblemFormat format;
