@@ -98,6 +98,19 @@ TEST(Selfmates, QuickRowsGiveExactlyThePublishedKeys) {
   EXPECT_GE(nSolved, 12);
 }
 
+// The rows a quick solver needs longer for, with two threads only: they take seconds here.
+TEST(Selfmates, SlowerRowsGiveThePublishedKeysWithTwoThreads) {
+  int nSolved = 0;
+  for (const auto& row : testdata::ReadTsv("selfmates.tsv")) {
+    if (std::stod(row.at("popeye_seconds")) <= 0.2) continue;
+    EXPECT_EQ(SolvedKeys(Start(row), matetest::Moves(row), kRuns[1]),
+              Joined(matetest::PublishedKeys(row)))
+        << row.at("id");
+    ++nSolved;
+  }
+  EXPECT_GE(nSolved, 1);
+}
+
 // A direct mate and a selfmate of the same position share a register without mixing their
 // answers: each solve gives what it gives with a register of its own.
 TEST(Selfmates, RegisterKeepsSelfmatesApartFromDirectMates) {
