@@ -165,9 +165,9 @@ bool CRegressionRunner::CheckClauses(TProblem& problem, bool& bClearFindAll,
 
 void CRegressionRunner::Solve(const TProblem& problem, const TRegressionSettings& run,
                               TRegressionTally& tally) {
-  if (problem.stipulation.type != TStipulation::kDirectMate) {
+  if (problem.stipulation.type == TStipulation::kMoveLine) {
     Write(regression::ProblemLine(LabelOf(problem, run), problem.id, "",
-                                  OnlyDirectMatesText(settings.nLanguageId), 0));
+                                  OnlyMatesText(settings.nLanguageId), 0));
     ++tally.nSkipped;
     return;
   }

@@ -25,7 +25,7 @@ TProblemOutcome ProblemOutcome(const std::vector<std::unique_ptr<SolvingRequest>
 class CSolveTally {
  public:
   void Count(const TProblemOutcome& outcome);
-  // A problem that was not solved at all (not a direct mate).
+  // A problem that was not solved at all (a move line without a stipulation).
   void CountSkipped();
 
   // A solve that did not finish, failed, or found other keys than those recorded.

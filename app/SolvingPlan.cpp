@@ -20,6 +20,11 @@ std::unique_ptr<SolvingRequest> MakeRequest(const TProblem& problem,
 
 }  // namespace
 
+EMateGoal GoalOf(const TProblem& problem) {
+  return problem.stipulation.type == TStipulation::kSelfmate ? EMateGoal::kSelfmate
+                                                             : EMateGoal::kDirectMate;
+}
+
 bool RunsInSafeMode(const TProblem& problem, bool bQuickMode) {
   return !bQuickMode || problem.HasFlag(option::kSafeMode) ||
          heuristicchoice::ForcesSafeMode(problem.start);
@@ -36,7 +41,9 @@ std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(
     const bool bCastlingIrrelevant = transforms::MirrorFiles(mirrored->board);
     if (bCastlingIrrelevant || bMirrorOnly) passes.push_back(std::move(mirrored));
   }
-  // Chosen from each board as it is solved, so that a mirrored pass has its own.
+  // Chosen from each board as it is solved, so that a mirrored pass has its own. The
+  // heuristics judge direct mates only: a selfmate runs the pass without them alone.
+  if (GoalOf(problem) == EMateGoal::kSelfmate) return passes;
   for (auto& request : passes)
     request->heuristicPasses =
         heuristicchoice::PassesFor(request->board, problem.stipulation.Moves(),

@@ -7,6 +7,7 @@
 #include "app/SolvingRequest.h"
 #include "app/ThreadSettings.h"
 #include "engine/HeuristicChoice.h"
+#include "engine/MateGoal.h"
 #include "problems/Problem.h"
 
 struct TSolvingPlanSettings {
@@ -25,6 +26,9 @@ struct TSolvingPlanSettings {
 // problem asks for the mirror alone.
 std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(
     const TProblem& problem, const TSolvingPlanSettings& settings);
+
+// What White plays for in a problem with a stipulation (direct mate or selfmate).
+EMateGoal GoalOf(const TProblem& problem);
 
 // With quick mode on, a pass runs safe only when the problem says SAFEMODE or its kind of
 // position forces safe mode; with quick mode off, every pass runs safe.

@@ -144,8 +144,8 @@ std::string AlreadySolvingText(int nLanguageId) {
                                 "A problem is being solved already.", "Задача вже розв'язується."});
 }
 
-std::string OnlyDirectMatesText(int nLanguageId) {
-  return PickText(nLanguageId,
-                  {"Rozwiązywane są tylko maty wprost (#N).", "Only direct mates (#N) are solved.",
-                   "Розв'язуються лише прямі мати (#N)."});
+std::string OnlyMatesText(int nLanguageId) {
+  return PickText(nLanguageId, {"Rozwiązywane są tylko maty wprost (#N) i samomaty (s#N).",
+                                "Only direct mates (#N) and selfmates (s#N) are solved.",
+                                "Розв'язуються лише прямі мати (#N) і зворотні мати (s#N)."});
 }

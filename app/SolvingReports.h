@@ -39,7 +39,7 @@ std::optional<std::string> ResultBoxText(int nLanguageId, ESolvingMode mode, int
 std::string ForcedThreadsQuestion(int nLanguageId, unsigned nThreads);
 // "Too many problems being solved at the same time."
 std::string TooManySolvesText(int nLanguageId);
-// Why a solve cannot start: another one is running in the session, or the problem is not
-// a direct mate.
+// Why a solve cannot start: another one is running in the session, or the problem has no
+// stipulation to solve.
 std::string AlreadySolvingText(int nLanguageId);
-std::string OnlyDirectMatesText(int nLanguageId);
+std::string OnlyMatesText(int nLanguageId);

@@ -97,8 +97,7 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
   if (IsInterrupted()) return SolvingStoppedText(nLanguageId);
   JoinThread();
   const TProblem& problem = *order.pProblem;
-  if (problem.stipulation.type != TStipulation::kDirectMate)
-    return OnlyDirectMatesText(nLanguageId);
+  if (problem.stipulation.type == TStipulation::kMoveLine) return OnlyMatesText(nLanguageId);
   try {
     fen::CheckStartPosition(problem.start);
   } catch (const ChessException& error) {
@@ -178,6 +177,7 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
     // The moves log does not tell the passes under heuristics apart yet: it names pass 2.
     const TMovesLogSettings movesLog{.nProblem = request.pProblem->id, .pass = {.nPass = 2}};
     const CMateSolver::TSettings solverSettings{
+        .goal = GoalOf(*request.pProblem),
         .nThreads = static_cast<int>(request.threads.nThreads),
         .nMaxSolutions = MaxSolutions(request.solvingMode),
         .pRegister = seams.pRegister ? seams.pRegister : tempRegister.get(),

@@ -42,6 +42,7 @@ struct TSolveArguments {
   std::vector<int> problemIds;
   std::string fen;
   int nMate = 0;
+  int nSelfmate = 0;  // s#N for --fen instead of #N
   bool bAll = false;
   int nTimeLimitSeconds = kNoTimeLimit;
   bool bQuiet = false;
@@ -126,6 +127,10 @@ void PrintSolutionTrees(const CSolvingSession& session, const TProblem& problem,
   for (const auto& request : session.Requests()) {
     const TSolvingResult& result = request->result;
     if (request->nMirrorPass != 0 || !result.sError.empty() || result.keys.empty()) continue;
+    if (problem.stipulation.type != TStipulation::kDirectMate) {
+      std::printf("Solution tree: only of direct mates\n");
+      return;
+    }
     try {
       const int nMoves = problem.stipulation.Moves();
       const auto trees = BuildSolutionTrees(request->board, nMoves, result.keys);
@@ -165,8 +170,8 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
                   const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
   const std::string title =
       "Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text();
-  if (problem.stipulation.type != TStipulation::kDirectMate) {
-    std::printf("Problem %d skipped: not a direct mate\n\n", problem.id);
+  if (problem.stipulation.type == TStipulation::kMoveLine) {
+    std::printf("Problem %d skipped: no stipulation to solve\n\n", problem.id);
     tally.CountSkipped();
     return;
   }
@@ -224,7 +229,8 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
                                             std::unique_ptr<TProblem>& fenProblem) {
   if (!args.fen.empty()) {
     try {
-      fenProblem = DirectMateFromFen(args.fen, args.nMate);
+      fenProblem = DirectMateFromFen(args.fen, std::max(args.nMate, args.nSelfmate));
+      if (args.nSelfmate != 0) fenProblem->SetStipulation(TStipulation::Selfmate(args.nSelfmate));
       fen::CheckStartPosition(fenProblem->start);
     } catch (const ChessException& error) {
       BadInput(std::string(error.what()) + ": " + args.fen);
@@ -247,12 +253,15 @@ std::vector<const TProblem*> SelectProblems(const TSolveArguments& args,
   return problems;
 }
 
-// Refuses options that belong to the other kind of source: a file, or a FEN with --mate.
+// Refuses options that belong to the other kind of source: a file, or a FEN with --mate or
+// --selfmate.
 void CheckSource(const TSolveArguments& args) {
   if (args.fen.empty() == args.file.empty()) BadInput("Give either a problem file or --fen");
-  if (!args.fen.empty() && args.nMate < 1) BadInput("--fen needs --mate N (N >= 1)");
-  if (args.fen.empty() && args.nMate != 0)
-    BadInput("--mate goes with --fen; a file's problems have their own");
+  if (args.nMate != 0 && args.nSelfmate != 0) BadInput("--mate and --selfmate exclude each other");
+  if (!args.fen.empty() && args.nMate + args.nSelfmate < 1)
+    BadInput("--fen needs --mate N or --selfmate N (N >= 1)");
+  if (args.fen.empty() && args.nMate + args.nSelfmate != 0)
+    BadInput("--mate and --selfmate go with --fen; a file's problems have their own");
   if (!args.fen.empty() && !args.problemIds.empty())
     BadInput("--problem picks problems of a file, not of --fen");
   if ((!args.readRegister.empty() || !args.saveRegister.empty()) && args.fen.empty() &&
@@ -319,16 +328,20 @@ void RunSolve(const TSolveArguments& args) {
 
 }  // namespace
 
-// "longmate solve FILE.cp [--problem ID...] ..." or "longmate solve --fen FEN --mate N ...":
-// solves direct mates as the window would and checks the keys against recorded answers.
+// "longmate solve FILE.cp [--problem ID...] ..." or "longmate solve --fen FEN --mate N ..."
+// (--selfmate N for s#N): solves direct mates and selfmates as the window would and checks
+// the keys against recorded answers.
 void AddSolveCommand(CLI::App& app) {
   auto args = std::make_shared<TSolveArguments>();
-  CLI::App* command = app.add_subcommand("solve", "Solve direct mates of a problem file or a FEN");
+  CLI::App* command =
+      app.add_subcommand("solve", "Solve direct mates and selfmates of a problem file or a FEN");
   command->add_option("file", args->file, "problem file (.cp)");
   command->add_option("--problem", args->problemIds, "ids of the problems to solve (default all)")
       ->delimiter(',');
   command->add_option("--fen", args->fen, "solve this position instead of a file");
   command->add_option("--mate", args->nMate, "the N of #N for --fen")
+      ->check(CLI::Range(1, TStipulation::kMaxMoves));
+  command->add_option("--selfmate", args->nSelfmate, "the N of s#N for --fen")
       ->check(CLI::Range(1, TStipulation::kMaxMoves));
   command->add_flag("--all", args->bAll, "find all solutions, whatever the problem asks for");
   command->add_option("--time-limit", args->nTimeLimitSeconds, "seconds per problem")

@@ -420,3 +420,10 @@ UTF-8
 	FEN: k7/1pP5/1P6/8/8/K4rNQ/1NRRBB2/8
 	Answer:  Be2-d3
 }
+
+61 s#3
+{
+	Description: Popeye example BEISPIEL/selfref.inp; key as published, confirmed unique by Popeye
+	FEN: 2K3nr/1PPpp2p/3R3p/3pNPkP/3P4/3PP2Q/8/3B4
+	Answer:  f5-f6
+}

@@ -122,20 +122,20 @@ std::optional<MateResult> CMateSearch::ProbeTables(const TChessboard& board) con
 void CMateSearch::FileAnswer(const TChessboard& board, std::uint8_t answer) {
   // An interrupted search proves nothing.
   if (Interrupted() || !UsesRegister(board)) return;
-  context.pRegister->Insert(board.ply, registerkey::Build(board), answer);
+  context.pRegister->Insert(board.ply, Key(board), answer);
 }
 
 void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
   if (Interrupted() || board.ply < kMinBlackRegisterPlies || !UsesRegister(board)) return;
-  context.pRegister->InsertDefence(board.ply, registerkey::Build(board), bDefence);
+  context.pRegister->InsertDefence(board.ply, Key(board), bDefence);
 }
 
 std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
   if (context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board))
     return std::nullopt;
-  const std::uint8_t known = context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply,
-                                                             registerkey::Build(board));
+  const std::uint8_t known =
+      context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply, Key(board));
   if (known == kDoubtfulMate) return mate::kMate;
   if (known != kDoubtfulCut) return std::nullopt;
   context.NoteDoubtful(kDoubtfulFromStore);
@@ -147,8 +147,11 @@ void CMateSearch::FileDoubtful(const TChessboard& board) {
   if (Interrupted() || context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board))
     return;
-  context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, registerkey::Build(board),
-                                    false);
+  context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, Key(board), false);
+}
+
+TChessboardRegisterItem CMateSearch::Key(const TChessboard& board) const {
+  return context.IsSelfmate() ? registerkey::BuildSelfmate(board) : registerkey::Build(board);
 }
 
 MateResult CMateSearch::WhiteNode(const TChessboard& board) {
@@ -157,8 +160,19 @@ MateResult CMateSearch::WhiteNode(const TChessboard& board) {
   return result;
 }
 
+std::optional<MateResult> CMateSearch::SelfmateEnd(const TChessboard& board) const {
+  // Only a check can be mate; the test of legal moves is for positions in check.
+  if (board.IsWhiteInCheck() && !movemaking::HasLegalMove(board)) return mate::kMate;
+  if (board.ply == 1) return mate::kNoMate;
+  return std::nullopt;
+}
+
 MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
-  if (board.ply == 1) return MateInOne(board) ? mate::kMate : mate::kNoMate;
+  if (context.IsSelfmate()) {
+    if (const auto end = SelfmateEnd(board)) return *end;
+  } else if (board.ply == 1) {
+    return MateInOne(board) ? mate::kMate : mate::kNoMate;
+  }
   if (const auto known = ProbeTables(board)) {
     if (logger && *known == mate::kMate)
       logger->TextLine(board,
@@ -166,7 +180,7 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     return *known;
   }
   if (UsesRegister(board)) {
-    const std::uint8_t known = context.pRegister->FindAnswer(board.ply, registerkey::Build(board));
+    const std::uint8_t known = context.pRegister->FindAnswer(board.ply, Key(board));
     if (known == 1) {
       if (logger) logger->TextLine(board, "Mate found (pos.in temp.reg.)");
       return mate::kMate;
@@ -291,7 +305,7 @@ bool CMateSearch::HasShorterMate(const TChessboard& board) {
   // After a weak defence a short mate is common and cheap to find: looking for it first
   // keeps the full-depth search from wandering down a long line while a quick mate waits
   // behind it. The register keeps the shallow answers for the deeper rounds.
-  if (MateInOne(board)) return true;
+  if (!context.IsSelfmate() && MateInOne(board)) return true;
   if (board.ply < kMinDeepeningPlies) return false;
   for (std::uint16_t plies = 3; plies < board.ply; plies += 2) {
     TChessboard shallower = board;
@@ -332,8 +346,7 @@ MateResult CMateSearch::SearchBlackNode(const TChessboard& board) {
     return board.IsBlackInCheck() && !movemaking::HasLegalMove(board) ? mate::kMate : mate::kNoMate;
   if (const auto known = ProbeTables(board)) return *known;
   if (board.ply >= kMinBlackRegisterPlies && UsesRegister(board)) {
-    const std::uint8_t bDefence =
-        context.pRegister->FindDefenceAnswer(board.ply, registerkey::Build(board));
+    const std::uint8_t bDefence = context.pRegister->FindDefenceAnswer(board.ply, Key(board));
     if (bDefence == 0) return mate::kMate;
     if (bDefence == 1) return mate::kNoMate;
   }
@@ -366,8 +379,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
     if (bKillerFirst && moves[i].SameMove(killer)) continue;
     if (const auto result = TryBlackReply(board, moves[i], nLegal)) return *result;
   }
-  if (nLegal == 0) return board.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
-  return mate::kMate;
+  return nLegal != 0 ? mate::kMate : NoReplyResult(board);
 }
 
 std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, TMove reply,
@@ -401,6 +413,11 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
     return mate::kRepetition;
   }
   return mate::kNoMate;
+}
+
+MateResult CMateSearch::NoReplyResult(const TChessboard& board) const {
+  // In a selfmate the game ended without Black's mate.
+  return board.IsBlackInCheck() && !context.IsSelfmate() ? mate::kMate : mate::kNoMate;
 }
 
 bool CMateSearch::MateInOne(const TChessboard& board) {

@@ -12,7 +12,9 @@
 #include "engine/SplitPoint.h"
 
 // The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
-// mating move suffices), Black's are AND nodes (every reply must be mated). Each thread
+// mating move suffices), Black's are AND nodes (every reply must be mated). In a selfmate
+// "mate" means White forces the goal of the context (see MateGoal.h): the nodes are the
+// same, only the ends of the lines differ. Each thread
 // owns its line of positions; the register and run state are shared through the context.
 //
 // When the context asks for it, a line that returns to a position already on it is cut:
@@ -66,6 +68,10 @@ class CMateSearch {
   // Takes moves of another thread's White node until none are left.
   void HelpAt(TSplitPoint& split);
 
+  // The result of a Black node without a legal move: mate or stalemate in a direct mate, a
+  // failure in a selfmate.
+  MateResult NoReplyResult(const TChessboard& board) const;
+
   // Legal positions made so far (read by the progress display from other threads).
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
   // Legal White successors of board in this thread's buffer for its ply, with the order
@@ -75,6 +81,10 @@ class CMateSearch {
 
  private:
   MateResult SearchWhiteNode(const TChessboard& board);
+  // The selfmate's answer at a White node that ends the line: mate when Black's last move
+  // mated White, no mate at ply 1 otherwise; nothing when the node is to be searched.
+  std::optional<MateResult> SelfmateEnd(const TChessboard& board) const;
+  TChessboardRegisterItem Key(const TChessboard& board) const;
   MateResult SearchBlackNode(const TChessboard& board);
   bool MateInOne(const TChessboard& board);
   bool HasShorterMate(const TChessboard& board);

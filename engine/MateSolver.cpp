@@ -14,7 +14,16 @@ std::string TPassInfo::Label() const {
 
 CMateSolver::CMateSolver(const TChessboard& start, int nMoves, const TSettings& solveSettings)
     : root(start), settings(solveSettings), hints(settings.sortIndications) {
-  root.ply = root.rootPlies = static_cast<std::uint16_t>(2 * nMoves - 1);
+  if (settings.goal == EMateGoal::kSelfmate) {
+    // The heuristics, the tables and the advice all judge direct mates.
+    settings.heuristicPasses.clear();
+    settings.bPass2 = true;
+    settings.pDoubtful = nullptr;
+    settings.pTables = nullptr;
+    settings.pAdvice = nullptr;
+  }
+  context.goal = settings.goal;
+  root.ply = root.rootPlies = mategoal::RootPlies(settings.goal, nMoves);
   root.parent = nullptr;
   context.pRegister = settings.pRegister;
   context.pTables = settings.pTables;
@@ -101,7 +110,7 @@ TRootOutcome CMateSolver::Run() {
       if (std::find(passOutcome.keys.begin(), passOutcome.keys.end(), key) ==
           passOutcome.keys.end()) {
         passOutcome.keys.push_back(key);
-        passOutcome.answers.Add((root.ply + 1) / 2, key);
+        passOutcome.answers.Add(mategoal::Moves(context.goal, root.ply), key);
       }
     if (!passOutcome.keys.empty()) passOutcome.result = mate::kMate;
     passOutcome.passLabel = outcome.keys.empty() ? Pass().Label() : outcome.passLabel;

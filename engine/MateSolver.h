@@ -22,15 +22,18 @@ struct TPassInfo {
   std::string Label() const;
 };
 
-// One solve of "White to move mates in N" from a start position: the root search with its
-// threads over a shared context, pass by pass. The passes under heuristics come first, each
-// less restricted than the one before; a key any of them finds is proven, so a solve for
-// fewer keys than all ends with the first pass that finds enough. The pass without
-// heuristics settles what they left open. Run blocks; Stop, Pause and Resume may be called
-// from any thread while it runs, and the counters may be read at any time.
+// One solve of "White to move mates in N" (or forces Black to mate, see MateGoal.h) from a
+// start position: the root search with its threads over a shared context, pass by pass.
+// The passes under heuristics come first, each less restricted than the one before; a key
+// any of them finds is proven, so a solve for fewer keys than all ends with the first pass
+// that finds enough. The pass without heuristics settles what they left open. Run blocks;
+// Stop, Pause and Resume may be called from any thread while it runs, and the counters may
+// be read at any time.
 class CMateSolver {
  public:
   struct TSettings {
+    // A selfmate runs the pass without heuristics alone, without tables or advice.
+    EMateGoal goal = EMateGoal::kDirectMate;
     int nThreads = 1;
     int nMaxSolutions = 1;  // 0: all solutions
     TChessboardRegister<bool>* pRegister = nullptr;
@@ -68,7 +71,7 @@ class CMateSolver {
   // t^L, the number of worker threads, within what one process sensibly runs.
   static int WorkerCount(int nThreads, int nLevels);
 
-  // start's squares and derived fields are used; its ply is set to 2N - 1 here.
+  // start's squares and derived fields are used; its ply is set here (2N - 1 for a mate in N).
   CMateSolver(const TChessboard& start, int nMoves, const TSettings& settings);
   TRootOutcome Run();
   // Cutting repeated positions loses no mate; the exact search does better without (see

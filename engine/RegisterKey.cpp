@@ -20,6 +20,11 @@ constexpr std::array<std::uint8_t, 256> BuildNibbles() {
 }
 constexpr std::array<std::uint8_t, 256> kNibbles = BuildNibbles();
 
+// Marks of the byte after the placement: castling rights are known (beside the rights in the
+// low bits), and the key is a selfmate's.
+constexpr std::uint8_t kCastlingMark = 0x10;
+constexpr std::uint8_t kSelfmateMark = 0x20;
+
 bool MayCastle(const TChessboard& board) {
   for (const TCastlingRule& rule : castling::kRules)
     if (rule.PiecesAtHome(board.squares)) return true;
@@ -35,7 +40,13 @@ TChessboardRegisterItem Build(const TChessboard& board) {
                                                  (kNibbles[board.squares[s + 1]] << 4));
   // Rights are looked up only when kings and rooks stand where castling could still happen.
   if (MayCastle(board))
-    key.bytes[32] = static_cast<std::uint8_t>(movegen::CastlingRights(board) | 0x10);
+    key.bytes[32] = static_cast<std::uint8_t>(movegen::CastlingRights(board) | kCastlingMark);
+  return key;
+}
+
+TChessboardRegisterItem BuildSelfmate(const TChessboard& board) {
+  TChessboardRegisterItem key = Build(board);
+  key.bytes[32] |= kSelfmateMark;
   return key;
 }
 

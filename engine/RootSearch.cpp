@@ -133,7 +133,7 @@ void CRootSearch::Evaluate(int worker, int index) {
 
 MateResult CRootSearch::SearchMove(CMateSearch& search, TRootTask& task) {
   if (task.child.ply == 0) return search.BlackNode(task.child);
-  if (!PrepareReplies(task)) return task.child.IsBlackInCheck() ? mate::kMate : mate::kNoMate;
+  if (!PrepareReplies(task)) return search.NoReplyResult(task.child);
   ++task.nWorkersInside;
   context.run.Notify();  // the replies are open to idle workers
   SearchReplies(search, task);
@@ -231,7 +231,7 @@ TRootOutcome CRootSearch::Collect() const {
     }
     if (nKeysWanted > 0 && static_cast<int>(outcome.keys.size()) == nKeysWanted) continue;
     outcome.keys.push_back(firstMoves[index]);
-    outcome.answers.Add((root.ply + 1) / 2, firstMoves[index]);
+    outcome.answers.Add(mategoal::Moves(context.goal, root.ply), firstMoves[index]);
   }
   outcome.result = !outcome.keys.empty() ? mate::kMate
                    : bDoubtful           ? mate::kDoubtful

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "engine/HeuristicRules.h"
+#include "engine/MateGoal.h"
 #include "engine/MovesLogger.h"
 #include "engine/RunControl.h"
 #include "engine/WhiteMoveAdvice.h"
@@ -14,6 +15,8 @@
 // What the threads of one solve share: the run state, the register and the search settings.
 struct SearchContext {
   CRunControl run;
+  // What White plays for; a selfmate has no heuristics, tables or advice of its own.
+  EMateGoal goal = EMateGoal::kDirectMate;
   TChessboardRegister<bool>* pRegister = nullptr;
   // Where the doubtful answers of this pass's heuristics selection are found and filed; null
   // in a pass that must search such positions out (pass 2). A stored cut makes a node doubtful.
@@ -45,6 +48,7 @@ struct SearchContext {
   std::atomic<bool> bPassTimeUp{false};
 
   bool HasHeuristics() const { return heuristics.set.mask != 0; }
+  bool IsSelfmate() const { return goal == EMateGoal::kSelfmate; }
   void NoteDoubtful(std::uint32_t reason) {
     doubtfulReason.store(reason, std::memory_order_relaxed);
   }

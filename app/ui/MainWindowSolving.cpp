@@ -46,9 +46,8 @@ void CMainWindow::StartSolve(bool bFindAll) {
   TProblem* problem = CurrentProblem();
   if (IsSolving() || bSettingMode || !problem) return;
   const int nLanguage = Options().nLanguageId;
-  if (problem->stipulation.type != TStipulation::kDirectMate)
-    return ShowMessage(WindowText("Information"),
-                       QString::fromStdString(OnlyDirectMatesText(nLanguage)));
+  if (problem->stipulation.type == TStipulation::kMoveLine)
+    return ShowMessage(WindowText("Information"), QString::fromStdString(OnlyMatesText(nLanguage)));
   if (const auto refusal =
           solver->Start({.pProblem = problem, .bFindAll = bFindAll, .threads = threads}))
     return ShowMessage(WindowText("Information"), QString::fromStdString(*refusal));

@@ -10,7 +10,8 @@ namespace {
 constexpr const char* kCollection =
     "1 #2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-a5\n}\n"
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
-    "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
+    "3 s#2\n{\n\tFEN: 8/8/8/8/1p4Q1/k7/p7/K7\n\tAnswer: Qg4-d1\n}\n"
+    "4\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
 
 // A folder holding the collection above, in which longmate runs.
 class SolveCommand : public testing::Test {
@@ -33,12 +34,15 @@ TEST_F(SolveCommand, ExitStatuses) {
     const char* szOutput;  // a line the output must hold
   } cases[] = {
       {"problems.cp --problem 1,3", 0, "Answer Qh5-a5: matched"},
-      {"problems.cp --problem 3", 0, "Problem 3 skipped: not a direct mate"},
+      {"problems.cp --problem 3 --threads 2", 0, "Answer Qg4-d1: matched"},
+      {"problems.cp --problem 4", 0, "Problem 4 skipped: no stipulation to solve"},
+      {"--fen 8/8/8/8/8/kp5R/p7/K7 --selfmate 1", 0, "Keys: Rh3-h4"},
+      {"--fen 8/8/8/8/8/kp5R/p7/K7 --selfmate 1 --mate 1", 2, ""},
       {"problems.cp", 1, "Answer Qh5-h4: MISMATCHED"},
       {"--fen '" + longFen + "' --mate 10 --time-limit 1", 1,
        "Time limit of 1 s reached: problem 1 not finished"},
       {"missing.cp", 2, ""},
-      {"problems.cp --problem 4", 2, ""},
+      {"problems.cp --problem 5", 2, ""},
       {"problems.cp --threads 32^3", 2, ""},
       {"problems.cp --problem 1,1", 0, "Solved 1 of 1 problems"},
       {"--fen 8/8/8 --mate 2", 2, ""},

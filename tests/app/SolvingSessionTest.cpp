@@ -54,6 +54,22 @@ TEST(SolvingSession, FindsTheKeysOfShortMates) {
   }
 }
 
+// Selfmates go through the same session: all their keys, with two threads, and no pass
+// under heuristics planned, since the heuristics judge direct mates.
+TEST(SolvingSession, SolvesSelfmates) {
+  CSolvingSession session(TestOptions());
+  for (const char* szRow : {"pyreg-bp-s06", "pyreg-cast-s01", "pyreg-selfref-01"}) {
+    const auto problem = ReferenceProblem("selfmates.tsv", szRow);
+    problem->SetStipulation(TStipulation::Selfmate(problem->stipulation.Moves()));
+    const TSolvingResult& result = Solve(session, *problem, true);
+    EXPECT_THAT(result.keyTexts, UnorderedElementsAreArray(ReferenceKeys("selfmates.tsv", szRow)))
+        << szRow;
+    EXPECT_EQ(result.nResultCode, 1) << szRow;
+    EXPECT_EQ(result.sPass, "2") << szRow;
+    EXPECT_THAT(session.Requests().at(0)->heuristicPasses, IsEmpty()) << szRow;
+  }
+}
+
 TEST(SolvingSession, ReportsThroughCallbacks) {
   std::mutex mutex;
   std::vector<TPassProgress> progress;
@@ -250,9 +266,10 @@ TEST(SolvingSession, RefusesWhatCannotBeSolved) {
   const auto checked = DirectMateFromFen("4k3/8/8/8/8/8/8/4RK2", 2);
   EXPECT_EQ(session.Start({.pProblem = checked.get()}),
             "Black king cannot be checked in the mate task starting postition.");
-  const auto selfmate = DirectMateFromFen("4k3/8/8/8/8/8/8/5K2", 2);
-  selfmate->SetStipulation(TStipulation::Selfmate(2));
-  EXPECT_EQ(session.Start({.pProblem = selfmate.get()}), "Only direct mates (#N) are solved.");
+  const auto moveLine = DirectMateFromFen("4k3/8/8/8/8/8/8/5K2", 2);
+  moveLine->SetStipulation(TStipulation::MoveLine());
+  EXPECT_EQ(session.Start({.pProblem = moveLine.get()}),
+            "Only direct mates (#N) and selfmates (s#N) are solved.");
 
   const auto busy = DirectMateFromFen("4k3/8/8/8/8/8/8/5K2", 2, 913);
   GetSolvingRegistry().Add("913_0", 1);
