@@ -73,8 +73,15 @@ void CMainWindow::ShowProblem() {
   Q_EMIT ProblemShown(nCurrentId);
 }
 
+// The tags follow the description, each behind a '#'.
 void CMainWindow::ShowDescription(const TProblem* problem) {
-  descriptionLabel->setText(problem ? DescriptionHtml(problem->description) : QString());
+  QString html = problem ? DescriptionHtml(problem->description) : QString();
+  if (problem && !problem->tags.empty()) {
+    QStringList tags;
+    for (const std::string& tag : problem->tags) tags << '#' + HtmlOf(tag);
+    html += QString("%1<i>%2</i>").arg(html.isEmpty() ? "" : "<br>", tags.join(' '));
+  }
+  descriptionLabel->setText(html);
 }
 
 void CMainWindow::OpenLink(const QString& address) {
@@ -82,7 +89,7 @@ void CMainWindow::OpenLink(const QString& address) {
     ShowMessage(WindowText("Warning"), WindowText("Cannot open the page %1.").arg(address));
 }
 
-// Over a link: open it or copy its address; the description editor comes with the dialogs.
+// Over a link: open it or copy its address, or edit the description that holds it.
 void CMainWindow::ShowLinkMenu(const QPoint& where) {
   if (hoveredLink.isEmpty()) return;
   QMenu* menu = new QMenu(this);
@@ -93,7 +100,8 @@ void CMainWindow::ShowLinkMenu(const QPoint& where) {
           [this, address] { OpenLink(address); });
   connect(AddLabelled(menu, "Copy address to clipboard"), &QAction::triggered, this,
           [address] { QApplication::clipboard()->setText(address); });
-  AddLater(menu, {"Edit problem description..."});
+  connect(AddLabelled(menu, "Edit problem description..."), &QAction::triggered, this,
+          &CMainWindow::EditDescription);
   menu->popup(descriptionLabel->mapToGlobal(where));
 }
 
