@@ -97,11 +97,18 @@ QLineEdit* CProblemSearchDialog::AddField(const QString& name, int nWidth) {
 void CProblemSearchDialog::AddTextRows(QGridLayout* grid) {
   grid->addWidget(Label("Search in problem description", this), 0, 0);
   text = AddField("text", 0);
-  grid->addWidget(text, 0, 1, 1, 5);
+  grid->addWidget(text, 0, 1, 1, 4);
   caseSensitive = CheckBox("Case sensitive", "caseSensitive", this);
   regex = CheckBox("Regular expression", "regex", this);
-  grid->addWidget(caseSensitive, 0, 6, 1, 2);
-  grid->addWidget(regex, 0, 8, 1, 2);
+  grid->addWidget(caseSensitive, 0, 5);
+  // The last column takes what the wide entries need beyond the range fields.
+  grid->addWidget(regex, 0, 6, 1, 5);
+  grid->setColumnStretch(10, 1);
+  for (const auto& [label, nColumn] : {std::pair{"white", 6}, std::pair{"black", 8}}) {
+    QLabel* side = Label(label, this);
+    side->setAlignment(Qt::AlignCenter);
+    grid->addWidget(side, 1, nColumn, 1, 2);
+  }
   grid->addWidget(Label("Mate in (stipulation):", this), 1, 0);
   grid->addWidget(Label("from", this), 1, 1);
   movesFrom = AddField("movesFrom");
@@ -111,7 +118,7 @@ void CProblemSearchDialog::AddTextRows(QGridLayout* grid) {
   grid->addWidget(movesTo, 1, 4);
   grid->addWidget(Label("Search by FEN code:", this), 7, 0);
   fen = AddField("fen", 0);
-  grid->addWidget(fen, 7, 1, 1, 9);
+  grid->addWidget(fen, 7, 1, 1, 10);
   grid->addWidget(Label("Search by tag:", this), 8, 0);
   tag = AddField("tag", 0);
   grid->addWidget(tag, 8, 1, 1, 4);
@@ -155,10 +162,9 @@ void CProblemSearchDialog::AddHeuristicRows(QGridLayout* grid) {
   heuristicUse = new QComboBox(this);
   heuristicUse->setObjectName("heuristicUse");
   for (const char* use : kUseTexts) heuristicUse->addItem(WindowText(use));
-  grid->addWidget(heuristicUse, 9, 6, 1, 4);
+  grid->addWidget(heuristicUse, 9, 6, 1, 5);
   includeRelaxed = CheckBox("Incl.relaxed heuristics:", "includeRelaxed", this);
-  includeRelaxed->setLayoutDirection(Qt::RightToLeft);
-  grid->addWidget(includeRelaxed, 10, 6, 1, 4);
+  grid->addWidget(includeRelaxed, 10, 6, 1, 5);
   forcedSafeMode = CheckBox("Only with forced SafeMode", "forcedSafeMode", this);
   grid->addWidget(forcedSafeMode, 11, 1, 1, 5);
 }
