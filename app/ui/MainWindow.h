@@ -250,6 +250,9 @@ class CMainWindow : public QMainWindow {
   void ShowSearchResult();
   void OfferSolvingExtras();
   void ShowBoardMenu(const QPoint& where);
+  // The progress area goes from its normal size to the whole column (the move list hidden),
+  // then to nothing, then back.
+  void CycleProgressArea();
   void ShowSolutionTree();
   void OnTaskFinished(const QVariant& result, bool bStopped);
   void OfferHelpCommands();

@@ -83,7 +83,7 @@ void CMainWindow::BuildOtherMenus() {
   AddCommand(view, "&Rotate chessboard view", "rotate", {},
              [this] { board->SetRotated(!board->IsRotated()); });
   AddCommand(view, "&Enlarge/minimize progress information area", "progressArea", {},
-             [this] { resultView->setVisible(!resultView->isVisible()); });
+             [this] { CycleProgressArea(); });
   AddLater(AddMenu(menuBar(), "Var&iant"),
            {"Save moves as main variant", "Save moves as variant...", "Show main variant",
             "Show variant...", "Animate main variant", "Animate variant...",

@@ -107,6 +107,7 @@ bool CMainWindow::SaveVariant(bool bMain, const QString& name) {
   else
     problem->variants.push_back(std::move(text));
   SetModified(true);
+  ShowDescription(problem);
   return true;
 }
 
@@ -165,6 +166,7 @@ bool CMainWindow::RenameVariant(int index, const QString& name) {
   std::string& variant = problem->variants[index];
   variant = variantline::Compose(name.toStdString(), variantline::WithoutName(variant));
   SetModified(true);
+  ShowDescription(problem);
   return true;
 }
 
@@ -173,6 +175,7 @@ bool CMainWindow::RemoveVariant(int index) {
   if (!problem || index < 0 || index >= static_cast<int>(problem->variants.size())) return false;
   problem->variants.erase(problem->variants.begin() + index);
   SetModified(true);
+  ShowDescription(problem);
   return true;
 }
 

@@ -73,15 +73,19 @@ void CMainWindow::ShowProblem() {
   Q_EMIT ProblemShown(nCurrentId);
 }
 
-// The tags follow the description, each behind a '#'.
+// The tags follow the description, each behind a '#', and the main variant when the settings
+// ask for it (ShowMainVariant).
 void CMainWindow::ShowDescription(const TProblem* problem) {
-  QString html = problem ? DescriptionHtml(problem->description) : QString();
+  QStringList parts;
+  if (problem && !problem->description.empty()) parts << DescriptionHtml(problem->description);
   if (problem && !problem->tags.empty()) {
     QStringList tags;
     for (const std::string& tag : problem->tags) tags << '#' + HtmlOf(tag);
-    html += QString("%1<i>%2</i>").arg(html.isEmpty() ? "" : "<br>", tags.join(' '));
+    parts << "<i>" + tags.join(' ') + "</i>";
   }
-  descriptionLabel->setText(html);
+  if (problem && !problem->variants.empty() && Options().bShowMainVariant)
+    parts << WindowText("Main variant: ") + HtmlOf(problem->variants.front());
+  descriptionLabel->setText(parts.join("<br>"));
 }
 
 void CMainWindow::OpenLink(const QString& address) {

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "UiTestMain.h"
+#include "app/Options.h"
 #include "app/ui/SortIndicationsDialog.h"
 #include "problems/MainVariant.h"
 
@@ -47,7 +48,10 @@ class CProblemEditsTest : public QObject {
     QVERIFY(window->SetMoveComment("the key {checks}"));
     QVERIFY(window->PlayMove(square::Make(1, 2), square::Make(0, 1)));
     QCOMPARE(window->MoveListText(), QString("1. Ra5-b5 {the key checks} Kb3-a2"));
+    Options().bShowMainVariant = true;
     window->Action("saveMainVariant")->trigger();
+    QVERIFY(window->DescriptionText().contains("Main variant: 1. Ra5-b5 {the key checks} Kb3-a2"));
+    Options().bShowMainVariant = false;
     window->Action("moveBack")->trigger();
     window->askText = [](const QString&, const QString&, const QString&) {
       return std::optional<QString>("Only the key");

@@ -3,6 +3,7 @@
 // the position for another copy of the program, and the Help menu's manual and threads.
 #include <QFile>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBrowser>
@@ -123,6 +124,20 @@ class CSolvingExtrasTest : public QObject {
     QFile::remove(started.at(1));
     window->StopSolve();
     QVERIFY(reported.wait(kTaskTimeoutMs));
+  }
+
+  void ProgressAreaGoesLargeThenAwayThenBack() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    auto* moves = window->findChild<QPlainTextEdit*>("moveList");
+    auto* progress = window->findChild<QPlainTextEdit*>("result");
+    const auto shown = [&] { return std::pair{moves->isVisible(), progress->isVisible()}; };
+    QCOMPARE(shown(), std::pair(true, true));
+    const std::pair<bool, bool> steps[] = {{false, true}, {true, false}, {true, true}};
+    for (const auto& expected : steps) {
+      window->Action("progressArea")->trigger();
+      QCOMPARE(shown(), expected);
+    }
   }
 
   void HelpShowsTheManualInTheLanguageAndSetsThreads() {
