@@ -49,10 +49,12 @@ std::string NodeJson(const TSolutionMove& step) {
 }  // namespace
 
 std::vector<TSolutionMove> BuildSolutionTrees(const TChessboard& start, int nMoves,
-                                              const std::vector<TMove>& keys, int nMaxWhiteMoves) {
+                                              const std::vector<TMove>& keys, int nMaxWhiteMoves,
+                                              std::stop_token stop) {
   TChessboardRegister<bool> reg(kTreeRegisterEntries);
   SearchContext context;
   context.pRegister = &reg;
+  const std::stop_callback onStop(stop, [&context] { context.run.Stop(); });
   CSolutionTreeBuilder builder(context, start, nMoves, nMaxWhiteMoves);
   std::vector<TSolutionMove> trees;
   for (const TMove key : keys) trees.push_back(builder.Build(key));

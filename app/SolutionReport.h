@@ -1,5 +1,6 @@
 #pragma once
 // The whole solution of a solved direct mate, as text for people and as JSON for programs.
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,12 @@
 inline constexpr int kSolutionTreeLimit = 10'000;
 
 // The trees of the keys found for start (White to move, mate in nMoves), built over a
-// register of their own. Throws ChessException when a key does not mate in time.
+// register of their own. Throws ChessException when a key does not mate in time, or when a
+// stop is requested through stop.
 std::vector<TSolutionMove> BuildSolutionTrees(const TChessboard& start, int nMoves,
                                               const std::vector<TMove>& keys,
-                                              int nMaxWhiteMoves = kSolutionTreeLimit);
+                                              int nMaxWhiteMoves = kSolutionTreeLimit,
+                                              std::stop_token stop = {});
 
 // "Main variation: 1. Ra5-a7 Kc8-b8 2. Ra7-a8#", then the tree one move a line, each half-move
 // indented two blanks further: "1. Ra5-a7 (#2)", "  1... Kc8-b8 (best)", "    2. Ra7-a8#".

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Notation.h"
+#include "problems/VariantLine.h"
 
 std::vector<TVariantStep> MainVariantSteps(const TProblem& problem) {
   std::vector<TVariantStep> steps;
@@ -11,9 +12,10 @@ std::vector<TVariantStep> MainVariantSteps(const TProblem& problem) {
   std::vector<TChessboard> line(problem.start.ply + 1u);
   TChessboard start = problem.start;
   start.parent = nullptr;
-  for (const TChessboard* p =
-           notation::ReadMoveSequence(start, problem.variants.front(), line).last;
-       p != &start; p = p->parent) {
+  // Its name and the comments on its moves are no moves.
+  const std::string moves = variantline::Parse(problem.variants.front()).moves;
+  for (const TChessboard* p = notation::ReadMoveSequence(start, moves, line).last; p != &start;
+       p = p->parent) {
     steps.push_back({.before = *p->parent, .move = p->lastMove});
     steps.back().before.parent = nullptr;
   }

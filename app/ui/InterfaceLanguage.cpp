@@ -78,6 +78,14 @@ void AddLater(QMenu* menu, std::initializer_list<const char*> labels) {
   for (const char* label : labels) AddLabelled(menu, label)->setEnabled(false);
 }
 
+QAction* FindLater(QWidget* root, const char* label) {
+  for (QAction* action : root->findChildren<QAction*>())
+    if (!action->isEnabled() && action->objectName().isEmpty() &&
+        action->property(kSourceText).toByteArray() == label)
+      return action;
+  return nullptr;
+}
+
 void SetWindowText(QWidget* widget, const char* text) {
   widget->setProperty(kSourceText, QByteArray(text));
   ShowText(widget, WindowText(text));

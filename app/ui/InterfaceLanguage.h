@@ -29,6 +29,8 @@ QString WindowText(const char* text);
 QAction* AddLabelled(QMenu* menu, const char* label);
 QMenu* AddMenu(QWidget* parent, const char* title);
 void AddLater(QMenu* menu, std::initializer_list<const char*> labels);
+// The command under root shown but not offered yet by that label; null when there is none.
+QAction* FindLater(QWidget* root, const char* label);
 
 // A button's or label's text and a widget's tooltip, kept in English for RetranslateAll.
 void SetWindowText(QWidget* widget, const char* text);

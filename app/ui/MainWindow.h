@@ -7,15 +7,19 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "app/SearchCriteria.h"
 #include "app/ThreadSettings.h"
 #include "app/ui/PlayedLine.h"
 #include "app/ui/PositionEdits.h"
 #include "core/BoardTransforms.h"
 #include "problems/Collection.h"
 
+class CBackgroundTask;
 class CBoardView;
+class CProblemSearch;
 class CPiecePalette;
 class CSolveController;
 class CStepControl;
@@ -26,6 +30,7 @@ class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QSystemTrayIcon;
+class QTimer;
 
 // What a file chooser is asked for.
 enum class EFileQuestion { kOpen, kSaveAs, kNewFile, kAppend, kRemovePresent };
@@ -92,11 +97,69 @@ class CMainWindow : public QMainWindow {
   QString MoveListText() const;
   QString DescriptionText() const;
 
+  // The stored variants of the current problem, the main one first: the moves played saved
+  // (bMain replaces the main variant, else one more is added under the name), shown, played
+  // move by move, renamed and removed. False when there is no such variant or nothing to save.
+  bool SaveVariant(bool bMain, const QString& name = {});
+  bool ShowVariant(int index);
+  bool AnimateVariant(int index);
+  void StopAnimation();
+  bool IsAnimating() const;
+  bool RenameVariant(int index, const QString& name);
+  bool RemoveVariant(int index);
+  // The comment on the last move played; false when no move is played.
+  bool SetMoveComment(const QString& text);
+  // The current problem's tags; the tags of the other file's problems added to the problems
+  // with the same position and stipulation (the count of problems that got a tag, -1 when the
+  // file cannot be read).
+  bool AddTag(const QString& tag);
+  bool RemoveTag(const QString& tag);
+  int AppendTags(const QString& path);
+  bool SetDescription(const QString& text);
+  // Sets the current problem's sort indications from their text; the error text when it does
+  // not read, empty when they were taken.
+  QString SetSortIndications(const QString& text);
+
+  // The problem search: the problems found become the set that Find next and Find previous
+  // (F3, Shift+F3) walk through. A search by heuristics runs in steps with a Stop button; the
+  // others at once. The validation text when the criteria are wrong, empty otherwise.
+  QString FindProblems(const TSearchCriteria& criteria);
+  bool FindNext(int direction);
+  void FindSimilarPositions();
+  const std::vector<int>& FoundProblems() const { return foundIds; }
+  bool IsSearching() const;
+  void StopSearch();
+  // "Problem k of n that match criteria", empty when the problem shown is not among them.
+  QString NavigationText() const;
+
+  // Solves, then shows the whole solution tree and plays its main variation on the board.
+  void SolveWholeMainVariant();
+  // Plays Black's best defence in the position played out (Black to move); bThorough
+  // searches every defence to the end of the stipulation.
+  void FindBestDefence(bool bThorough);
+  bool IsTaskRunning() const;
+  // The whole solution of the last "Solve and show whole main variant", as shown.
+  QString SolutionTreeText() const { return treeText; }
+
+  // Asks for a line of text (title, prompt, the text to start with); nothing when dismissed.
+  // An input dialog unless replaced.
+  std::function<std::optional<QString>(const QString&, const QString&, const QString&)> askText;
+  // Picks one of items; -1 when dismissed. A list dialog unless replaced.
+  std::function<int(const QString&, const QStringList&)> chooseItem;
+  // Starts another program with its arguments, not waiting for it; QProcess unless replaced.
+  std::function<bool(const QString&, const QStringList&)> startProgram;
+  // Writes the problem shown (the position played out, with the moves left) to a file of its
+  // own and starts another copy of the program on it.
+  bool OpenInNewInstance();
+
  Q_SIGNALS:
   // The window's view of a solve changed: started, or finished with its report shown.
   void SolveStarted();
   void SolveReported();
   void ProblemShown(int id);
+  // A search has ended (its result shown), and so has a long command beside the solve.
+  void SearchFinished();
+  void TaskFinished();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -167,6 +230,36 @@ class CMainWindow : public QMainWindow {
   void HideTrayIcon();
   void ShowLinkMenu(const QPoint& where);
 
+  // The second step's commands, each group in a file of its own: they take the entries the
+  // menus show disabled by their labels.
+  void OfferCommands();
+  void Offer(const char* label, const QString& name, const QKeySequence& key,
+             std::function<void()> work);
+  void OfferVariantCommands();
+  void AddVariantList(QMenu* menu);
+  int AskVariant(const char* title);
+  void CopyVariants(bool bShort);
+  void AnimationStep();
+  void OfferProblemCommands();
+  void AskTagToRemove();
+  void EditDescription();
+  void EditSortIndications();
+  void OfferSearchCommands();
+  void ShowSearchDialog();
+  void SearchStep();
+  void ShowSearchResult();
+  void OfferSolvingExtras();
+  void ShowBoardMenu(const QPoint& where);
+  // The progress area goes from its normal size to the whole column (the move list hidden),
+  // then to nothing, then back.
+  void CycleProgressArea();
+  void ShowSolutionTree();
+  void OnTaskFinished(const QVariant& result, bool bStopped);
+  void OfferHelpCommands();
+  void ShowManual();
+  void ShowDocument(const QString& resource, const QString& title, bool bMarkdown);
+  void ShowThreads();
+
   TProblemCollection collection;
   QString filePath;
   bool bModified = false;
@@ -194,4 +287,18 @@ class CMainWindow : public QMainWindow {
   QSystemTrayIcon* trayIcon = nullptr;
   QString statusLine;
   QString hoveredLink;  // the description's link under the mouse, empty off the links
+
+  QTimer* animation = nullptr;
+  // The animated variant's moves with their comments, and how many are shown.
+  std::vector<std::pair<TMove, std::string>> animatedMoves;
+  std::size_t nAnimated = 0;
+  std::shared_ptr<CProblemSearch> search;  // the search going on in steps
+  std::vector<int> foundIds;               // the problems of the last search, in order
+  std::vector<int> pendingIds;             // the problems a search in steps has not seen yet
+  bool bSimilarFound = false;
+  QWidget* searchProgress = nullptr;
+  CBackgroundTask* task = nullptr;  // the solution tree or the best defence
+  bool bTreeAfterSolve = false;
+  int nInstancesStarted = 0;
+  QString treeText;
 };

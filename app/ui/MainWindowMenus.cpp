@@ -30,6 +30,7 @@ void CMainWindow::BuildMenus() {
   BuildProblemMenu();
   BuildOtherMenus();
   BuildLanguageMenu();
+  OfferCommands();
 }
 
 void CMainWindow::BuildFileMenu() {

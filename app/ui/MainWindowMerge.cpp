@@ -1,5 +1,6 @@
 // Problems taken from another file into the open collection, or taken out of it because the
-// other file holds them already.
+// other file holds them already, and the other file's tags added to the same problems here.
+#include <map>
 #include <set>
 
 #include "app/ui/InterfaceLanguage.h"
@@ -66,4 +67,29 @@ int CMainWindow::RemovePresentProblems(const QString& path) {
   notes.prepend(WindowText("Problems removed: %1.").arg(removed.size()));
   ShowMessage(WindowText("Information"), notes.join("\n"));
   return static_cast<int>(removed.size());
+}
+
+// Each problem here gets the tags of the problems there with its position and stipulation.
+int CMainWindow::AppendTags(const QString& path) {
+  TProblemCollection other;
+  QStringList notes;
+  if (!ReadOtherFile(path, other, notes)) return -1;
+  std::map<std::string, std::set<std::string>> tagsOf;
+  for (const auto& [id, problem] : other.Problems())
+    tagsOf[Identity(*problem)].insert(problem->tags.begin(), problem->tags.end());
+  int nTagged = 0;
+  for (const auto& [id, problem] : collection.Problems()) {
+    const auto found = tagsOf.find(Identity(*problem));
+    if (found == tagsOf.end()) continue;
+    const std::size_t nBefore = problem->tags.size();
+    problem->tags.insert(found->second.begin(), found->second.end());
+    if (problem->tags.size() > nBefore) ++nTagged;
+  }
+  if (nTagged > 0) {
+    SetModified(true);
+    ShowDescription(CurrentProblem());
+  }
+  notes.prepend(WindowText("Problems with tags appended: %1.").arg(nTagged));
+  ShowMessage(WindowText("Information"), notes.join("\n"));
+  return nTagged;
 }

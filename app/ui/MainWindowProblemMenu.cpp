@@ -18,8 +18,13 @@ void CMainWindow::BuildProblemMenu() {
   QMenu* problem = AddMenu(menuBar(), "P&roblem");
   QMenu* type = AddMenu(problem, "Problem type");
   AddLater(type, {"Two-,Three-/Moremover", "Selfmate", "Helpmate"});
-  AddCommand(problem, "&Solve problem\tF5", "solve", QKeySequence("F5"),
-             [this] { StartSolve(false); });
+  // While a solution is played out, F5 finds Black's best defence instead.
+  AddCommand(problem, "&Solve problem\tF5", "solve", QKeySequence("F5"), [this] {
+    if (line.MovesPlayed() > 0 && !line.Current().IsWhiteToMove())
+      FindBestDefence(false);
+    else
+      StartSolve(false);
+  });
   AddCommand(problem, "Find &all solutions(right click on Start button)\tShift+F5", "solveAll",
              QKeySequence("Shift+F5"), [this] { StartSolve(true); });
   AddLater(problem, {"Find best defence for &black\tF5",
@@ -78,7 +83,7 @@ void CMainWindow::BuildOtherMenus() {
   AddCommand(view, "&Rotate chessboard view", "rotate", {},
              [this] { board->SetRotated(!board->IsRotated()); });
   AddCommand(view, "&Enlarge/minimize progress information area", "progressArea", {},
-             [this] { resultView->setVisible(!resultView->isVisible()); });
+             [this] { CycleProgressArea(); });
   AddLater(AddMenu(menuBar(), "Var&iant"),
            {"Save moves as main variant", "Save moves as variant...", "Show main variant",
             "Show variant...", "Animate main variant", "Animate variant...",

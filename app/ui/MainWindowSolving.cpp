@@ -7,6 +7,7 @@
 
 #include "app/Options.h"
 #include "app/SolvingReports.h"
+#include "app/ui/BackgroundTask.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 #include "app/ui/SolveController.h"
@@ -59,8 +60,10 @@ void CMainWindow::StartSolve(bool bFindAll) {
   Q_EMIT SolveStarted();
 }
 
+// Stops the solve, and the solution tree or best defence being built beside it.
 void CMainWindow::StopSolve() {
   if (IsSolving()) solver->Stop();
+  if (task) task->Stop();
 }
 
 void CMainWindow::OnSolveFinished() {

@@ -73,8 +73,19 @@ void CMainWindow::ShowProblem() {
   Q_EMIT ProblemShown(nCurrentId);
 }
 
+// The tags follow the description, each behind a '#', and the main variant when the settings
+// ask for it (ShowMainVariant).
 void CMainWindow::ShowDescription(const TProblem* problem) {
-  descriptionLabel->setText(problem ? DescriptionHtml(problem->description) : QString());
+  QStringList parts;
+  if (problem && !problem->description.empty()) parts << DescriptionHtml(problem->description);
+  if (problem && !problem->tags.empty()) {
+    QStringList tags;
+    for (const std::string& tag : problem->tags) tags << '#' + HtmlOf(tag);
+    parts << "<i>" + tags.join(' ') + "</i>";
+  }
+  if (problem && !problem->variants.empty() && Options().bShowMainVariant)
+    parts << WindowText("Main variant: ") + HtmlOf(problem->variants.front());
+  descriptionLabel->setText(parts.join("<br>"));
 }
 
 void CMainWindow::OpenLink(const QString& address) {
@@ -82,7 +93,7 @@ void CMainWindow::OpenLink(const QString& address) {
     ShowMessage(WindowText("Warning"), WindowText("Cannot open the page %1.").arg(address));
 }
 
-// Over a link: open it or copy its address; the description editor comes with the dialogs.
+// Over a link: open it or copy its address, or edit the description that holds it.
 void CMainWindow::ShowLinkMenu(const QPoint& where) {
   if (hoveredLink.isEmpty()) return;
   QMenu* menu = new QMenu(this);
@@ -93,7 +104,8 @@ void CMainWindow::ShowLinkMenu(const QPoint& where) {
           [this, address] { OpenLink(address); });
   connect(AddLabelled(menu, "Copy address to clipboard"), &QAction::triggered, this,
           [address] { QApplication::clipboard()->setText(address); });
-  AddLater(menu, {"Edit problem description..."});
+  connect(AddLabelled(menu, "Edit problem description..."), &QAction::triggered, this,
+          &CMainWindow::EditDescription);
   menu->popup(descriptionLabel->mapToGlobal(where));
 }
 

@@ -3,6 +3,7 @@
 #include "core/MoveMaking.h"
 #include "core/Notation.h"
 #include "core/ShortAlgebraic.h"
+#include "problems/VariantLine.h"
 
 namespace {
 
@@ -18,10 +19,12 @@ TPlayedLine::TPlayedLine() {
   TChessboard empty;
   ClearChessboard(empty);
   boards.push_back(empty);
+  comments.emplace_back();
 }
 
 void TPlayedLine::Reset(const TChessboard& board) {
   boards.clear();
+  comments.assign(1, std::string());
   undone.clear();
   TChessboard start = board;
   start.parent = nullptr;
@@ -46,6 +49,7 @@ bool TPlayedLine::Play(TMove move) {
     TChessboard child;
     movemaking::MakeSuccessor(Current(), legal, child);
     boards.push_back(child);  // child links to Current(), which the deque keeps in place
+    comments.emplace_back();
     if (!undone.empty() && undone.back().SameMove(legal))
       undone.pop_back();
     else
@@ -59,6 +63,7 @@ bool TPlayedLine::Back() {
   if (boards.size() < 2) return false;
   undone.push_back(boards.back().lastMove);
   boards.pop_back();
+  comments.pop_back();
   return true;
 }
 
@@ -68,6 +73,20 @@ bool TPlayedLine::Redo() {
 }
 
 int TPlayedLine::PlayText(std::string_view text) {
+  const TVariantLine variant = variantline::Parse(text);
+  const int nBefore = MovesPlayed();
+  const int nPlayed = PlayMoves(variant.moves);
+  for (const auto& [nAfter, comment] : variant.comments)
+    if (nAfter > 0 && nAfter <= nPlayed)
+      comments[static_cast<std::size_t>(nBefore + nAfter)] = comment;
+  return nPlayed;
+}
+
+void TPlayedLine::SetComment(const std::string& text) {
+  comments.back() = text;
+}
+
+int TPlayedLine::PlayMoves(std::string_view text) {
   int nPlayed = 0;
   std::size_t at = 0;
   while (at < text.size()) {
@@ -99,6 +118,7 @@ std::string TPlayedLine::MoveListText(bool bShort) const {
       text += "1. ... ";
     text += bShort ? shortalgebraic::MoveToText(before, boards[i].lastMove)
                    : notation::MoveToText(before, boards[i].lastMove);
+    if (!comments[i].empty()) text += " {" + comments[i] + "}";
     if (!before.IsWhiteToMove()) ++number;
   }
   return text;

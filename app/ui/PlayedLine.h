@@ -17,6 +17,8 @@ class TPlayedLine {
 
   const TChessboard& Start() const { return boards.front(); }
   const TChessboard& Current() const { return boards.back(); }
+  // The position after nMoves of the moves played (0: the start).
+  const TChessboard& Board(int nMoves) const { return boards[static_cast<std::size_t>(nMoves)]; }
   int MovesPlayed() const { return static_cast<int>(boards.size()) - 1; }
   bool CanRedo() const { return !undone.empty(); }
 
@@ -30,18 +32,27 @@ class TPlayedLine {
   bool Back();
   bool Redo();
   // Plays the moves of a text such as "1. e2-e4 e7-e5 2. Nf3", in the long or the short
-  // notation, move numbers skipped, up to the first word that is no legal move here. The
+  // notation, move numbers skipped, up to the first word that is no legal move here; a
+  // stored variant's name is skipped and its comments ("{...}" after a move) are taken. The
   // number of moves played.
   int PlayText(std::string_view text);
 
+  // The comment on the last move played, kept until the move is taken back; "" for none.
+  void SetComment(const std::string& text);
+  const std::string& Comment() const { return comments.back(); }
+
   // "1. e2-e4 e7-e5 2. Ng1-f3", numbered from the start ("1. ... e7-e5" when Black began);
-  // in the short notation of other programs "1. e4 e5 2. Nf3".
+  // in the short notation of other programs "1. e4 e5 2. Nf3". Each comment follows its move
+  // in braces.
   std::string MoveListText(bool bShort = false) const;
   // Whether the side to move is mated now.
   bool IsMate() const;
 
  private:
+  int PlayMoves(std::string_view text);
+
   // Successors link to their parents, so the boards must not move: a deque keeps them put.
   std::deque<TChessboard> boards;
-  std::vector<TMove> undone;  // the last move taken back at the end
+  std::vector<TMove> undone;         // the last move taken back at the end
+  std::deque<std::string> comments;  // one per board: the comment on the move that made it
 };

@@ -29,6 +29,8 @@ class CSolveController : public QObject {
   void PauseAll();
   bool PauseOneThread();
   void Resume();
+  // The manual reordering of the first moves; false when the solve does not take it.
+  bool ApplyManualCommand(EManualCommand command) { return session->ApplyManualCommand(command); }
   bool IsRunning() const { return bRunning; }
   bool IsPaused() const { return bPaused; }
   const TPassProgress& LastProgress() const { return lastProgress; }

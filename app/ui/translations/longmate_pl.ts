@@ -507,6 +507,54 @@
         <source>Verify files of precalulcated data on disk - resume from cur.pos.type</source>
         <translation>Sprawdź pliki przeliczonych danych na dysku - wznów od bieżącego typu pozycji</translation>
     </message>
+    <message>
+        <source>Add/edit comment to to this move</source>
+        <translation>Dodaj/zmień komentarz do tego posunięcia</translation>
+    </message>
+    <message>
+        <source>Rename this variant...</source>
+        <translation>Zmień nazwę wariantu...</translation>
+    </message>
+    <message>
+        <source>Copy position to clipboard</source>
+        <translation>Kopiuj pozycję do schowka</translation>
+    </message>
+    <message>
+        <source>Copy FEN of the position to clipboard</source>
+        <translation>Kopiuj FEN pozycji do schowka</translation>
+    </message>
+    <message>
+        <source>Display position in new instance of program</source>
+        <translation>Pokaż pozycję w nowym oknie programu</translation>
+    </message>
+    <message>
+        <source>Save as main variant</source>
+        <translation>Zapisz jako wariant główny</translation>
+    </message>
+    <message>
+        <source>Save variant as...</source>
+        <translation>Zapisz wariant jako...</translation>
+    </message>
+    <message>
+        <source>Animate main variant (move by move)</source>
+        <translation>Animuj wariant główny (posunięcie po posunięciu)</translation>
+    </message>
+    <message>
+        <source>Stop animating variant</source>
+        <translation>Zatrzymaj animację wariantu</translation>
+    </message>
+    <message>
+        <source>Shift current move to be analyzed as the last one</source>
+        <translation>Przesuń bieżące posunięcie na koniec analizy</translation>
+    </message>
+    <message>
+        <source>Swap order of analysis with the next move</source>
+        <translation>Zamień kolejność analizy z następnym posunięciem</translation>
+    </message>
+    <message>
+        <source>Skip to analysis of next move</source>
+        <translation>Przejdź do analizy następnego posunięcia</translation>
+    </message>
 </context>
 <context>
     <name>Window</name>
@@ -721,6 +769,346 @@
     <message>
         <source>Invalid position: Black king cannot be checked in starting position.</source>
         <translation>Niepoprawna pozycja: czarny król nie może być szachowany w pozycji początkowej.</translation>
+    </message>
+    <message>
+        <source>Save moves as variant</source>
+        <translation>Zapisz posunięcia jako wariant</translation>
+    </message>
+    <message>
+        <source>Name of the variant:</source>
+        <translation>Nazwa wariantu:</translation>
+    </message>
+    <message>
+        <source>Show variant</source>
+        <translation>Pokaż wariant</translation>
+    </message>
+    <message>
+        <source>Animate variant</source>
+        <translation>Animuj wariant</translation>
+    </message>
+    <message>
+        <source>Remove variant</source>
+        <translation>Usuń wariant</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Komentarz</translation>
+    </message>
+    <message>
+        <source>Comment to the last move:</source>
+        <translation>Komentarz do ostatniego posunięcia:</translation>
+    </message>
+    <message>
+        <source>Rename this variant</source>
+        <translation>Zmień nazwę wariantu</translation>
+    </message>
+    <message>
+        <source>The problem has no stored variants.</source>
+        <translation>Zadanie nie ma zapisanych wariantów.</translation>
+    </message>
+    <message>
+        <source>Main variant: </source>
+        <translation>Wariant główny: </translation>
+    </message>
+    <message>
+        <source>Play the moves of the variant first.</source>
+        <translation>Najpierw wykonaj posunięcia wariantu.</translation>
+    </message>
+    <message>
+        <source>Add tag to the problem</source>
+        <translation>Dodaj tag do zadania</translation>
+    </message>
+    <message>
+        <source>Tag:</source>
+        <translation>Tag:</translation>
+    </message>
+    <message>
+        <source>The problem has no tags.</source>
+        <translation>Zadanie nie ma tagów.</translation>
+    </message>
+    <message>
+        <source>Remove tag from current problem</source>
+        <translation>Usuń tag z bieżącego zadania</translation>
+    </message>
+    <message>
+        <source>Edit problem description</source>
+        <translation>Zmień opis zadania</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Opis:</translation>
+    </message>
+    <message>
+        <source>The problem shown has changed.</source>
+        <translation>Pokazane zadanie się zmieniło.</translation>
+    </message>
+    <message>
+        <source>The problem is being solved: its sort indications stay as they are.</source>
+        <translation>Zadanie jest rozwiązywane: jego wskazówki sortowania pozostają bez zmian.</translation>
+    </message>
+    <message>
+        <source>A search is running.</source>
+        <translation>Trwa wyszukiwanie.</translation>
+    </message>
+    <message>
+        <source>Problem solving is pending - search by heuristics is unavailable until solving is complete.</source>
+        <translation>Trwa rozwiązywanie zadania - wyszukiwanie według heurystyk jest niedostępne do jego zakończenia.</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Pytanie</translation>
+    </message>
+    <message>
+        <source>Search by heuristics is selected - such search may be time-consuming. Do you want to continue?</source>
+        <translation>Wybrano wyszukiwanie według heurystyk - może ono trwać długo. Czy kontynuować?</translation>
+    </message>
+    <message>
+        <source>The search was not started.</source>
+        <translation>Wyszukiwanie nie zostało rozpoczęte.</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Zatrzymaj</translation>
+    </message>
+    <message>
+        <source>Search by heuristics</source>
+        <translation>Wyszukiwanie według heurystyk</translation>
+    </message>
+    <message>
+        <source>Problem %1 of %2 that match criteria</source>
+        <translation>Zadanie %1 z %2 spełniających kryteria</translation>
+    </message>
+    <message>
+        <source>Solution tree: </source>
+        <translation>Drzewo rozwiązania: </translation>
+    </message>
+    <message>
+        <source>Building the solution tree...</source>
+        <translation>Budowanie drzewa rozwiązania...</translation>
+    </message>
+    <message>
+        <source>No solution: there is no tree to show.</source>
+        <translation>Brak rozwiązania: nie ma drzewa do pokazania.</translation>
+    </message>
+    <message>
+        <source>Play White's move first, within the stipulation.</source>
+        <translation>Najpierw wykonaj posunięcie białych, w granicach warunku.</translation>
+    </message>
+    <message>
+        <source>Best defence: </source>
+        <translation>Najlepsza obrona: </translation>
+    </message>
+    <message>
+        <source>Readme</source>
+        <translation>Readme</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Instrukcja</translation>
+    </message>
+    <message>
+        <source>Threads</source>
+        <translation>Wątki</translation>
+    </message>
+    <message>
+        <source>Threads of the next solve: T, or T^L for T threads on each of L levels (up to T^L threads at once; 1..64 each):</source>
+        <translation>Wątki następnego rozwiązywania: T lub T^L dla T wątków na każdym z L poziomów (do T^L wątków naraz; każda liczba 1..64):</translation>
+    </message>
+    <message>
+        <source>Sort indications</source>
+        <translation>Wskazówki sortowania</translation>
+    </message>
+    <message>
+        <source>White moves to be analyzed first, separated by commas (~ in front: move not wanted):</source>
+        <translation>Posunięcia białych analizowane najpierw, oddzielone przecinkami (~ na początku: posunięcie niepożądane):</translation>
+    </message>
+    <message>
+        <source>Use main variant as sort indications</source>
+        <translation>Używaj wariantu głównego jako wskazówek sortowania</translation>
+    </message>
+    <message>
+        <source>Find problem</source>
+        <translation>Znajdź zadanie</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Znajdź</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Wyczyść</translation>
+    </message>
+    <message>
+        <source>Search in problem description</source>
+        <translation>Szukaj w opisie zadania</translation>
+    </message>
+    <message>
+        <source>Case sensitive</source>
+        <translation>Uwzględniaj wielkość liter</translation>
+    </message>
+    <message>
+        <source>Regular expression</source>
+        <translation>Wyrażenie regularne</translation>
+    </message>
+    <message>
+        <source>Mate in (stipulation):</source>
+        <translation>Mat w (warunek):</translation>
+    </message>
+    <message>
+        <source>from</source>
+        <translation>od</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>do</translation>
+    </message>
+    <message>
+        <source>Search by FEN code:</source>
+        <translation>Szukaj według kodu FEN:</translation>
+    </message>
+    <message>
+        <source>Search by tag:</source>
+        <translation>Szukaj według tagu:</translation>
+    </message>
+    <message>
+        <source>Only when black king on the edge</source>
+        <translation>Tylko gdy czarny król na brzegu</translation>
+    </message>
+    <message>
+        <source>Only unsolved problems</source>
+        <translation>Tylko nierozwiązane zadania</translation>
+    </message>
+    <message>
+        <source>Search by heuristics:</source>
+        <translation>Szukaj według heurystyk:</translation>
+    </message>
+    <message>
+        <source>Incl.relaxed heuristics:</source>
+        <translation>Wraz z poluzowanymi heurystykami:</translation>
+    </message>
+    <message>
+        <source>Only with forced SafeMode</source>
+        <translation>Tylko z wymuszonym SafeMode</translation>
+    </message>
+    <message>
+        <source>Problems with tags appended: %1.</source>
+        <translation>Zadania z dodanymi tagami: %1.</translation>
+    </message>
+    <message>
+        <source>without other heuristics</source>
+        <translation>bez innych heurystyk</translation>
+    </message>
+    <message>
+        <source>with other heuristics</source>
+        <translation>z innymi heurystykami</translation>
+    </message>
+    <message>
+        <source>partially with other heuristics</source>
+        <translation>częściowo z innymi heurystykami</translation>
+    </message>
+    <message>
+        <source>Num.of pieces on board:</source>
+        <translation>Liczba bierek na szachownicy:</translation>
+    </message>
+    <message>
+        <source>including white/black pieces:</source>
+        <translation>w tym białych/czarnych bierek:</translation>
+    </message>
+    <message>
+        <source>Num.of figures on board:</source>
+        <translation>Liczba figur na szachownicy:</translation>
+    </message>
+    <message>
+        <source>including white/black figures:</source>
+        <translation>w tym białych/czarnych figur:</translation>
+    </message>
+    <message>
+        <source>Number of major figures:</source>
+        <translation>Liczba figur ciężkich:</translation>
+    </message>
+    <message>
+        <source>incl.white/black major figures:</source>
+        <translation>w tym białych/czarnych ciężkich:</translation>
+    </message>
+    <message>
+        <source>Number of pawns:</source>
+        <translation>Liczba pionów:</translation>
+    </message>
+    <message>
+        <source>Including white/black pawns:</source>
+        <translation>w tym białych/czarnych pionów:</translation>
+    </message>
+    <message>
+        <source>white</source>
+        <translation>białe</translation>
+    </message>
+    <message>
+        <source>black</source>
+        <translation>czarne</translation>
+    </message>
+    <message>
+        <source>No problem found that matches search criteria</source>
+        <translation>Nie znaleziono zadania spełniającego kryteria</translation>
+    </message>
+    <message>
+        <source>Only similar positions found</source>
+        <translation>Znaleziono tylko podobne pozycje</translation>
+    </message>
+    <message>
+        <source>Improper FEN code.</source>
+        <translation>Niepoprawny kod FEN.</translation>
+    </message>
+    <message>
+        <source>Improper number of moves</source>
+        <translation>Niepoprawna liczba posunięć</translation>
+    </message>
+    <message>
+        <source>Improper number of pieces on chessboard.</source>
+        <translation>Niepoprawna liczba bierek na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of white pieces on chessboard.</source>
+        <translation>Niepoprawna liczba białych bierek na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of black pieces on chessboard.</source>
+        <translation>Niepoprawna liczba czarnych bierek na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of figures on chessboard.</source>
+        <translation>Niepoprawna liczba figur na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of white figures on chessboard.</source>
+        <translation>Niepoprawna liczba białych figur na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of black figures on chessboard.</source>
+        <translation>Niepoprawna liczba czarnych figur na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of major figures on chessboard.</source>
+        <translation>Niepoprawna liczba figur ciężkich na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of white major figures.</source>
+        <translation>Niepoprawna liczba białych figur ciężkich.</translation>
+    </message>
+    <message>
+        <source>Improper number of black major figures.</source>
+        <translation>Niepoprawna liczba czarnych figur ciężkich.</translation>
+    </message>
+    <message>
+        <source>Improper number of pawns on chessboard.</source>
+        <translation>Niepoprawna liczba pionów na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of white pawns on chessboard.</source>
+        <translation>Niepoprawna liczba białych pionów na szachownicy.</translation>
+    </message>
+    <message>
+        <source>Improper number of black pawns on chessboard.</source>
+        <translation>Niepoprawna liczba czarnych pionów na szachownicy.</translation>
     </message>
 </context>
 </TS>

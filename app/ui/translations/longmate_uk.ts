@@ -507,6 +507,54 @@
         <source>Verify files of precalulcated data on disk - resume from cur.pos.type</source>
         <translation>Перевірити файли обчислених даних на диску - продовжити з поточного типу позиції</translation>
     </message>
+    <message>
+        <source>Add/edit comment to to this move</source>
+        <translation>Додати/змінити коментар до цього ходу</translation>
+    </message>
+    <message>
+        <source>Rename this variant...</source>
+        <translation>Перейменувати варіант...</translation>
+    </message>
+    <message>
+        <source>Copy position to clipboard</source>
+        <translation>Копіювати позицію в буфер обміну</translation>
+    </message>
+    <message>
+        <source>Copy FEN of the position to clipboard</source>
+        <translation>Копіювати FEN позиції в буфер обміну</translation>
+    </message>
+    <message>
+        <source>Display position in new instance of program</source>
+        <translation>Показати позицію в новому вікні програми</translation>
+    </message>
+    <message>
+        <source>Save as main variant</source>
+        <translation>Зберегти як головний варіант</translation>
+    </message>
+    <message>
+        <source>Save variant as...</source>
+        <translation>Зберегти варіант як...</translation>
+    </message>
+    <message>
+        <source>Animate main variant (move by move)</source>
+        <translation>Анімувати головний варіант (хід за ходом)</translation>
+    </message>
+    <message>
+        <source>Stop animating variant</source>
+        <translation>Зупинити анімацію варіанту</translation>
+    </message>
+    <message>
+        <source>Shift current move to be analyzed as the last one</source>
+        <translation>Перемістити поточний хід в кінець аналізу</translation>
+    </message>
+    <message>
+        <source>Swap order of analysis with the next move</source>
+        <translation>Поміняти порядок аналізу з наступним ходом</translation>
+    </message>
+    <message>
+        <source>Skip to analysis of next move</source>
+        <translation>Перейти до аналізу наступного ходу</translation>
+    </message>
 </context>
 <context>
     <name>Window</name>
@@ -721,6 +769,346 @@
     <message>
         <source>Invalid position: Black king cannot be checked in starting position.</source>
         <translation>Неправильна позиція: чорний король не може бути під шахом у початковій позиції.</translation>
+    </message>
+    <message>
+        <source>Save moves as variant</source>
+        <translation>Зберегти ходи як варіант</translation>
+    </message>
+    <message>
+        <source>Name of the variant:</source>
+        <translation>Назва варіанту:</translation>
+    </message>
+    <message>
+        <source>Show variant</source>
+        <translation>Показати варіант</translation>
+    </message>
+    <message>
+        <source>Animate variant</source>
+        <translation>Анімувати варіант</translation>
+    </message>
+    <message>
+        <source>Remove variant</source>
+        <translation>Видалити варіант</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Коментар</translation>
+    </message>
+    <message>
+        <source>Comment to the last move:</source>
+        <translation>Коментар до останнього ходу:</translation>
+    </message>
+    <message>
+        <source>Rename this variant</source>
+        <translation>Перейменувати варіант</translation>
+    </message>
+    <message>
+        <source>The problem has no stored variants.</source>
+        <translation>Задача не має збережених варіантів.</translation>
+    </message>
+    <message>
+        <source>Main variant: </source>
+        <translation>Головний варіант: </translation>
+    </message>
+    <message>
+        <source>Play the moves of the variant first.</source>
+        <translation>Спочатку зіграйте ходи варіанту.</translation>
+    </message>
+    <message>
+        <source>Add tag to the problem</source>
+        <translation>Додати тег до задачі</translation>
+    </message>
+    <message>
+        <source>Tag:</source>
+        <translation>Тег:</translation>
+    </message>
+    <message>
+        <source>The problem has no tags.</source>
+        <translation>Задача не має тегів.</translation>
+    </message>
+    <message>
+        <source>Remove tag from current problem</source>
+        <translation>Видалити тег з поточної задачі</translation>
+    </message>
+    <message>
+        <source>Edit problem description</source>
+        <translation>Змінити опис задачі</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Опис:</translation>
+    </message>
+    <message>
+        <source>The problem shown has changed.</source>
+        <translation>Показана задача змінилася.</translation>
+    </message>
+    <message>
+        <source>The problem is being solved: its sort indications stay as they are.</source>
+        <translation>Задача розв'язується: її підказки сортування залишаються без змін.</translation>
+    </message>
+    <message>
+        <source>A search is running.</source>
+        <translation>Триває пошук.</translation>
+    </message>
+    <message>
+        <source>Problem solving is pending - search by heuristics is unavailable until solving is complete.</source>
+        <translation>Триває розв'язування задачі - пошук за евристиками недоступний до його завершення.</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Питання</translation>
+    </message>
+    <message>
+        <source>Search by heuristics is selected - such search may be time-consuming. Do you want to continue?</source>
+        <translation>Вибрано пошук за евристиками - він може тривати довго. Продовжити?</translation>
+    </message>
+    <message>
+        <source>The search was not started.</source>
+        <translation>Пошук не розпочато.</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Зупинити</translation>
+    </message>
+    <message>
+        <source>Search by heuristics</source>
+        <translation>Пошук за евристиками</translation>
+    </message>
+    <message>
+        <source>Problem %1 of %2 that match criteria</source>
+        <translation>Задача %1 з %2, що відповідають критеріям</translation>
+    </message>
+    <message>
+        <source>Solution tree: </source>
+        <translation>Дерево розв'язку: </translation>
+    </message>
+    <message>
+        <source>Building the solution tree...</source>
+        <translation>Побудова дерева розв'язку...</translation>
+    </message>
+    <message>
+        <source>No solution: there is no tree to show.</source>
+        <translation>Немає розв'язку: немає дерева для показу.</translation>
+    </message>
+    <message>
+        <source>Play White's move first, within the stipulation.</source>
+        <translation>Спочатку зіграйте хід білих у межах умови.</translation>
+    </message>
+    <message>
+        <source>Best defence: </source>
+        <translation>Найкращий захист: </translation>
+    </message>
+    <message>
+        <source>Readme</source>
+        <translation>Readme</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Посібник</translation>
+    </message>
+    <message>
+        <source>Threads</source>
+        <translation>Потоки</translation>
+    </message>
+    <message>
+        <source>Threads of the next solve: T, or T^L for T threads on each of L levels (up to T^L threads at once; 1..64 each):</source>
+        <translation>Потоки наступного розв'язування: T або T^L для T потоків на кожному з L рівнів (до T^L потоків одночасно; кожне число 1..64):</translation>
+    </message>
+    <message>
+        <source>Sort indications</source>
+        <translation>Підказки сортування</translation>
+    </message>
+    <message>
+        <source>White moves to be analyzed first, separated by commas (~ in front: move not wanted):</source>
+        <translation>Ходи білих, що аналізуються першими, через кому (~ на початку: небажаний хід):</translation>
+    </message>
+    <message>
+        <source>Use main variant as sort indications</source>
+        <translation>Використовувати головний варіант як підказки сортування</translation>
+    </message>
+    <message>
+        <source>Find problem</source>
+        <translation>Знайти задачу</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Знайти</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Очистити</translation>
+    </message>
+    <message>
+        <source>Search in problem description</source>
+        <translation>Шукати в описі задачі</translation>
+    </message>
+    <message>
+        <source>Case sensitive</source>
+        <translation>Враховувати регістр</translation>
+    </message>
+    <message>
+        <source>Regular expression</source>
+        <translation>Регулярний вираз</translation>
+    </message>
+    <message>
+        <source>Mate in (stipulation):</source>
+        <translation>Мат за (умова):</translation>
+    </message>
+    <message>
+        <source>from</source>
+        <translation>від</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>до</translation>
+    </message>
+    <message>
+        <source>Search by FEN code:</source>
+        <translation>Шукати за кодом FEN:</translation>
+    </message>
+    <message>
+        <source>Search by tag:</source>
+        <translation>Шукати за тегом:</translation>
+    </message>
+    <message>
+        <source>Only when black king on the edge</source>
+        <translation>Лише коли чорний король на краю</translation>
+    </message>
+    <message>
+        <source>Only unsolved problems</source>
+        <translation>Лише нерозв'язані задачі</translation>
+    </message>
+    <message>
+        <source>Search by heuristics:</source>
+        <translation>Шукати за евристиками:</translation>
+    </message>
+    <message>
+        <source>Incl.relaxed heuristics:</source>
+        <translation>Разом з послабленими евристиками:</translation>
+    </message>
+    <message>
+        <source>Only with forced SafeMode</source>
+        <translation>Лише з примусовим SafeMode</translation>
+    </message>
+    <message>
+        <source>Problems with tags appended: %1.</source>
+        <translation>Задачі з доданими тегами: %1.</translation>
+    </message>
+    <message>
+        <source>without other heuristics</source>
+        <translation>без інших евристик</translation>
+    </message>
+    <message>
+        <source>with other heuristics</source>
+        <translation>з іншими евристиками</translation>
+    </message>
+    <message>
+        <source>partially with other heuristics</source>
+        <translation>частково з іншими евристиками</translation>
+    </message>
+    <message>
+        <source>Num.of pieces on board:</source>
+        <translation>Кількість фігур на дошці:</translation>
+    </message>
+    <message>
+        <source>including white/black pieces:</source>
+        <translation>з них білих/чорних фігур:</translation>
+    </message>
+    <message>
+        <source>Num.of figures on board:</source>
+        <translation>Кількість фігур (без пішаків):</translation>
+    </message>
+    <message>
+        <source>including white/black figures:</source>
+        <translation>з них білих/чорних:</translation>
+    </message>
+    <message>
+        <source>Number of major figures:</source>
+        <translation>Кількість важких фігур:</translation>
+    </message>
+    <message>
+        <source>incl.white/black major figures:</source>
+        <translation>з них білих/чорних важких:</translation>
+    </message>
+    <message>
+        <source>Number of pawns:</source>
+        <translation>Кількість пішаків:</translation>
+    </message>
+    <message>
+        <source>Including white/black pawns:</source>
+        <translation>з них білих/чорних пішаків:</translation>
+    </message>
+    <message>
+        <source>white</source>
+        <translation>білі</translation>
+    </message>
+    <message>
+        <source>black</source>
+        <translation>чорні</translation>
+    </message>
+    <message>
+        <source>No problem found that matches search criteria</source>
+        <translation>Не знайдено задачі, що відповідає критеріям</translation>
+    </message>
+    <message>
+        <source>Only similar positions found</source>
+        <translation>Знайдено лише схожі позиції</translation>
+    </message>
+    <message>
+        <source>Improper FEN code.</source>
+        <translation>Неправильний код FEN.</translation>
+    </message>
+    <message>
+        <source>Improper number of moves</source>
+        <translation>Неправильна кількість ходів</translation>
+    </message>
+    <message>
+        <source>Improper number of pieces on chessboard.</source>
+        <translation>Неправильна кількість фігур на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of white pieces on chessboard.</source>
+        <translation>Неправильна кількість білих фігур на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of black pieces on chessboard.</source>
+        <translation>Неправильна кількість чорних фігур на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of figures on chessboard.</source>
+        <translation>Неправильна кількість фігур (без пішаків) на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of white figures on chessboard.</source>
+        <translation>Неправильна кількість білих фігур (без пішаків) на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of black figures on chessboard.</source>
+        <translation>Неправильна кількість чорних фігур (без пішаків) на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of major figures on chessboard.</source>
+        <translation>Неправильна кількість важких фігур на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of white major figures.</source>
+        <translation>Неправильна кількість білих важких фігур.</translation>
+    </message>
+    <message>
+        <source>Improper number of black major figures.</source>
+        <translation>Неправильна кількість чорних важких фігур.</translation>
+    </message>
+    <message>
+        <source>Improper number of pawns on chessboard.</source>
+        <translation>Неправильна кількість пішаків на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of white pawns on chessboard.</source>
+        <translation>Неправильна кількість білих пішаків на дошці.</translation>
+    </message>
+    <message>
+        <source>Improper number of black pawns on chessboard.</source>
+        <translation>Неправильна кількість чорних пішаків на дошці.</translation>
     </message>
 </context>
 </TS>
