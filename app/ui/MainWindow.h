@@ -5,17 +5,22 @@
 #include <QMainWindow>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/ThreadSettings.h"
+#include "app/ui/BackgroundTask.h"
+#include "app/ui/HeuristicsDialog.h"
 #include "app/ui/PlayedLine.h"
 #include "app/ui/PositionEdits.h"
 #include "core/BoardTransforms.h"
 #include "problems/Collection.h"
 
 class CBoardView;
+class COptionsDialog;
 class CPiecePalette;
 class CSolveController;
 class CStepControl;
@@ -28,7 +33,15 @@ class QPushButton;
 class QSystemTrayIcon;
 
 // What a file chooser is asked for.
-enum class EFileQuestion { kOpen, kSaveAs, kNewFile, kAppend, kRemovePresent };
+enum class EFileQuestion {
+  kOpen,
+  kSaveAs,
+  kNewFile,
+  kAppend,
+  kRemovePresent,
+  kSaveRegister,
+  kReadRegister
+};
 
 class CMainWindow : public QMainWindow {
   Q_OBJECT
@@ -66,6 +79,8 @@ class CMainWindow : public QMainWindow {
   TProblem* CurrentProblem();
 
   void StartSolve(bool bFindAll);
+  // The heuristics selection dialog, and the solve with what it chose when it is confirmed.
+  void AskHeuristicsAndSolve(bool bFindAll);
   void StopSolve();
   bool IsSolving() const;
 
@@ -92,11 +107,25 @@ class CMainWindow : public QMainWindow {
   QString MoveListText() const;
   QString DescriptionText() const;
 
+  // The options dialog; its OK applies the settings at once and writes options.ini.
+  void ShowOptions();
+  // The long commands (endgame tables, regression runs) run here one at a time.
+  CBackgroundTask* Task() const { return task; }
+  // The register's counters as the view shows them.
+  QString RegisterCountersText() const;
+  // Opens the regression log when a run ends; the default application unless replaced.
+  std::function<void(const QString&)> openLog;
+  // Asks for a number (the index of "Paste position of this type by index"); an input box
+  // unless replaced. Nothing when dismissed.
+  std::function<std::optional<qulonglong>(const QString&)> askNumber;
+
  Q_SIGNALS:
   // The window's view of a solve changed: started, or finished with its report shown.
   void SolveStarted();
   void SolveReported();
   void ProblemShown(int id);
+  // A long command ended and its outcome is shown.
+  void TaskReported(const QString& outcome);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -118,6 +147,23 @@ class CMainWindow : public QMainWindow {
   void BuildNavigatorCommands(QMenu* problem);
   void BuildOtherMenus();
   void BuildPriorityMenu();
+  void BuildAffinityMenu(QMenu* priority);
+  void BuildAdvancedMenu();
+  void BuildRegisterCommands(QMenu* advanced);
+  void BuildRegressionCommands(QMenu* advanced);
+  void BuildTablesCommands(QMenu* advanced);
+  void BuildTaskArea();
+  void ApplyOptions(const COptionsDialog& dialog);
+  void RebuildSolver();
+  void ShowRegisterCounters(std::uint32_t nElements, std::uint32_t nDoubtful);
+  void RefreshRegisterCounters();
+  void RunTask(const char* title, CBackgroundTask::TWork work, std::function<void()> onDone = {},
+               CBackgroundTask::TStopHook onStop = nullptr);
+  void OnTaskFinished(const QString& outcome, bool bStopped);
+  void RunRegression(bool bQuick);
+  void RunTableCommand(const char* title, int nCommand);
+  void StepPositionOfType(int direction);
+  void PastePositionByIndex();
   void BuildLanguageMenu();
   void ShowLanguage(int nLanguageId);
   QAction* AddCommand(QMenu* menu, const char* text, const QString& name, const QKeySequence& key,
@@ -177,6 +223,13 @@ class CMainWindow : public QMainWindow {
   bool bSettingMode = false;
   TThreadSettings threads;
   int nSolvingId = 0;
+  std::optional<THeuristicsChoice> heuristicsChoice;  // for the next solve only
+  bool bSolverOutdated = false;  // the settings changed during a solve: a new session follows
+  CBackgroundTask* task = nullptr;
+  std::function<void()> taskDone;  // what follows the running command's end on this thread
+  QLabel* taskLabel = nullptr;
+  QPushButton* taskStop = nullptr;
+  QLabel* registerLabel = nullptr;
 
   CSolveController* solver = nullptr;
   CBoardView* board = nullptr;
