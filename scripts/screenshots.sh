@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Starts the desktop program's test program under Xvfb and saves the window in a few typical
 # states (sample file open, a solve in progress, a result, setting mode, the problem list, a last
-# move without mate, links in the description, Polish menus and buttons) to build/screenshots/.
+# move without mate, links in the description, Polish menus and buttons, the options and
+# heuristics dialogs, a table command's answer) to build/screenshots/.
 # Usage: scripts/screenshots.sh [BUILD_DIR]   (default build/dev, configured and built here)
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -216,11 +216,13 @@ void CMainWindow::RunTableCommand(const char* label, int nCommand) {
                  service.Generate({*shown.material}, [&](const std::string&name, double share) {
                    context.Progress(Text(name), share);
                  }))
-              lines << WindowText(table.bGenerated ? "%1: generated in %2 s, %3 bytes"
-                                                   : "%1: on disk already, %3 bytes")
-                           .arg(Text(table.name))
-                           .arg(table.seconds, 0, 'f', 1)
-                           .arg(table.nBytes);
+              lines << (table.bGenerated ? WindowText("%1: generated in %2 s, %3 bytes")
+                                               .arg(Text(table.name))
+                                               .arg(table.seconds, 0, 'f', 1)
+                                               .arg(table.nBytes)
+                                         : WindowText("%1: on disk already, %2 bytes")
+                                               .arg(Text(table.name))
+                                               .arg(table.nBytes));
             return lines.join('\n');
           }
           default: {

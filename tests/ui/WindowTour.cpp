@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,6 +23,28 @@
 
 class CWindowTour : public QObject {
   Q_OBJECT
+  // The dialogs of the Advanced menu, and the answer of a table command.
+  static void SaveDialogs(CMainWindow& window, const QString& folder) {
+    const auto grab = [&](const char* name, const char* file) {
+      auto* dialog = window.findChild<QDialog*>(name);
+      QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
+      QVERIFY(dialog->grab().save(QDir(folder).filePath(file)));
+      dialog->reject();
+    };
+    window.Action("options")->trigger();
+    grab("optionsDialog", "10-options.png");
+    window.Action("heuristicsSolve")->trigger();
+    window.findChild<QPushButton*>("showPath")->click();
+    grab("heuristicsDialog", "11-heuristics.png");
+    QSignalSpy reported(&window, &CMainWindow::TaskReported);
+    window.Action("tablesStatus")->trigger();
+    QVERIFY(reported.wait(60000));
+    auto* box = window.findChild<QMessageBox*>("messageBox");
+    QVERIFY(box && QTest::qWaitForWindowExposed(box));
+    QVERIFY(box->grab().save(QDir(folder).filePath("12-tables-status.png")));
+    TakeMessage(window);
+  }
+
  private Q_SLOTS:
   void MeasuresOpeningAndResponsiveness() {
     if (qEnvironmentVariableIsEmpty("LONGMATE_MEASURE")) QSKIP("LONGMATE_MEASURE is not set");
@@ -127,6 +151,9 @@ class CWindowTour : public QObject {
     save("7-description-links.png");
     window->Action("copyDiagram")->trigger();
     QVERIFY(QApplication::clipboard()->image().save(QDir(folder).filePath("9-copied-diagram.png")));
+
+    QVERIFY(window->GoToProblem(1));
+    SaveDialogs(*window, folder);
 
     QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
     window->SetLanguage(0);
