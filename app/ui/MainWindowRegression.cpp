@@ -65,6 +65,9 @@ void CMainWindow::RunRegression(bool bQuick) {
                                  [&context, &nLines](const std::string& text) {
                                    const QString logLine = QString::fromStdString(text).trimmed();
                                    context.Line(logLine);
+                                   // A Stop pressed before the run began is given again once it
+                                   // goes.
+                                   if (context.StopRequested()) CRegressionRunner::RequestStop();
                                    context.Progress(
                                        QString("%1: %2").arg(++nLines).arg(logLine.left(60)), -1);
                                  });

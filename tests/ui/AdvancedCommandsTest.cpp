@@ -17,6 +17,7 @@
 
 #include "UiTestMain.h"
 #include "app/Options.h"
+#include "app/ui/BackgroundTask.h"
 #include "app/ui/HeuristicsDialog.h"
 #include "app/ui/OptionsDialog.h"
 
@@ -234,6 +235,44 @@ class CAdvancedCommandsTest : public QObject {
              qPrintable(reported.last().at(0).toString()));
     QVERIFY(opened.endsWith("RegressionTest.log"));
     QVERIFY(ReadText(opened).contains("Test #1 ok"));
+  }
+
+  void StopEndsARegressionRunAfterTheCurrentProblem() {
+    const CFolderScope scope;
+    // A mate in 4 from the sample file between two mates in 2: Stop pressed as the first line
+    // comes is pressed while the mate in 4 is solved, which is the last one then.
+    const QString longer =
+        "2 #4\n{\n\tFEN: 1N1K4/2R5/3ppP2/1P1kpb2/2n4P/2P1PPB1/2npp1NQ/4b3\n\tAnswer:  Qh2-h1\n}\n";
+    const QString last = QString(kMateInTwo).replace("1 #2", "3 #2");
+    auto window =
+        OpenWindowOn(scope, (kMateInTwo + ("\n" + longer + "\n" + last)).toUtf8().constData());
+    QVERIFY(window);
+    window->openLog = [](const QString&) {};
+    auto* stop = window->findChild<QPushButton*>("taskStop");
+    connect(window->Task(), &CBackgroundTask::Line, stop, &QPushButton::click);
+    QSignalSpy reported(window.get(), &CMainWindow::TaskReported);
+    AnswerNextQuestion(QMessageBox::Ok);
+    window->Action("regressionTest")->trigger();
+    TakeMessage(*window);
+    QVERIFY(reported.wait(kTaskTimeoutMs));
+    const QString outcome = reported.last().at(0).toString();
+    QVERIFY2(outcome.startsWith("Stopped.") && outcome.contains("Passed 2, failed 0, skipped 0"),
+             qPrintable(outcome + "\n" + window->ResultText()));
+  }
+
+  void PromptHeuristicsShowsTheDialogBeforeEverySolve() {
+    const CFolderScope scope;
+    auto window = OpenWindowOn(scope, kMateInTwo);
+    QVERIFY(window);
+    Options().bPromptHeuristics = true;
+    window->StartSolve(false);
+    auto* dialog = window->findChild<CHeuristicsDialog*>("heuristicsDialog");
+    QVERIFY(dialog);
+    QVERIFY(!window->IsSolving());
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    dialog->accept();
+    QVERIFY(window->IsSolving());
+    QVERIFY(reported.wait(kSolveTimeoutMs));
   }
 };
 
