@@ -70,6 +70,10 @@ CHeuristicsDialog::CHeuristicsDialog(const TProblem& solved, bool bQuickMode, QW
   quickMode->addItems({WindowText("Yes (quick mode)"), WindowText("No (safe mode)")});
   quickMode->setCurrentIndex(bQuickMode ? 0 : 1);
   form->addRow(WindowText("Add repeated positions to temporary data"), quickMode);
+  if (heuristicchoice::ForcesSafeMode(problem.start))
+    form->addRow(new QLabel(
+        WindowText("Quick mode could lose the mate here: this position is solved in safe mode."),
+        this));
   layout->addLayout(form);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

@@ -273,6 +273,15 @@ class CAdvancedCommandsTest : public QObject {
     dialog->accept();
     QVERIFY(window->IsSolving());
     QVERIFY(reported.wait(kSolveTimeoutMs));
+    dialog = nullptr;
+    QTRY_VERIFY(!window->findChild<CHeuristicsDialog*>("heuristicsDialog"));
+
+    // Without the setting, Ctrl held on the Start button asks as well.
+    Options().bPromptHeuristics = false;
+    QTest::mouseClick(window->findChild<QPushButton*>("start"), Qt::LeftButton,
+                      Qt::ControlModifier);
+    QVERIFY(window->findChild<CHeuristicsDialog*>("heuristicsDialog"));
+    QVERIFY(!window->IsSolving());
   }
 };
 

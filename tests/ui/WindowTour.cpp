@@ -154,12 +154,16 @@ class CWindowTour : public QObject {
     window->Action("copyDiagram")->trigger();
     QVERIFY(QApplication::clipboard()->image().save(QDir(folder).filePath("9-copied-diagram.png")));
 
-
     QVERIFY(QDir::setCurrent(folder));  // the language is kept in options.ini there
     window->SetLanguage(0);
     window->SetSettingMode(true);
     save("8-polish-menus-and-buttons.png");
     window->SetSettingMode(false);
+    window->Action("options")->trigger();
+    auto* options = window->findChild<QDialog*>("optionsDialog");
+    QVERIFY(options && QTest::qWaitForWindowExposed(options));
+    QVERIFY(options->grab().save(QDir(folder).filePath("13-polish-options.png")));
+    options->reject();
     window->SetLanguage(kEnglishLanguageId);
   }
 };

@@ -1000,5 +1000,9 @@ Ponów próbę zmiany ustawień.</translation>
         <source>Temporary registers (*.ltr);;All files (*)</source>
         <translation>Rejestry tymczasowe (*.ltr);;Wszystkie pliki (*)</translation>
     </message>
+    <message>
+        <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
+        <translation>Tryb szybki mógłby tu zgubić mata: ta pozycja jest rozwiązywana w trybie bezpiecznym.</translation>
+    </message>
 </context>
 </TS>

@@ -1000,5 +1000,9 @@ Retry the attempt to change settings.</source>
         <source>Temporary registers (*.ltr);;All files (*)</source>
         <translation>Тимчасові реєстри (*.ltr);;Усі файли (*)</translation>
     </message>
+    <message>
+        <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
+        <translation>Швидкий режим міг би тут загубити мат: ця позиція розв'язується в безпечному режимі.</translation>
+    </message>
 </context>
 </TS>
