@@ -47,6 +47,11 @@ TTypedPosition TypeOf(const TChessboard& board) {
   return position;
 }
 
+QString NoTypeText() {
+  return WindowText(
+      "The position has no type of precalculated data (kings and at most 3 other pieces).");
+}
+
 QString Text(const std::string& text) {
   return QString::fromStdString(text);
 }
@@ -186,10 +191,7 @@ void CMainWindow::BuildTablesCommands(QMenu* advanced) {
 void CMainWindow::RunTableCommand(const char* label, int nCommand) {
   const TTypedPosition shown = TypeOf(line.Current());
   const bool bNeedsType = nCommand != kStatus && nCommand != kVerifyAll;
-  if (bNeedsType && !shown.material)
-    return ShowMessage(WindowText("Information"),
-                       WindowText("The position has no type of precalculated data (kings and at "
-                                  "most 3 other pieces)."));
+  if (bNeedsType && !shown.material) return ShowMessage(WindowText("Information"), NoTypeText());
   CTablesService& service = solver->Session().Tables();
   auto fen = std::make_shared<std::string>();
   RunTask(
@@ -240,7 +242,7 @@ void CMainWindow::RunTableCommand(const char* label, int nCommand) {
 // The previous or next index of the table that stands for a position.
 void CMainWindow::StepPositionOfType(int direction) {
   const TTypedPosition shown = TypeOf(line.Current());
-  if (!shown.material) return RunTableCommand("", kInformation);  // says why
+  if (!shown.material) return ShowMessage(WindowText("Information"), NoTypeText());
   const TTableIndex index(*shown.material);
   SquareIndex squares[TTableMaterial::kMaxPieces];
   const auto step = static_cast<std::uint64_t>(static_cast<std::int64_t>(direction));
@@ -256,7 +258,7 @@ void CMainWindow::StepPositionOfType(int direction) {
 
 void CMainWindow::PastePositionByIndex() {
   const TTypedPosition shown = TypeOf(line.Current());
-  if (!shown.material) return RunTableCommand("", kInformation);
+  if (!shown.material) return ShowMessage(WindowText("Information"), NoTypeText());
   const TTableIndex index(*shown.material);
   const auto chosen = askNumber(WindowText("Index of position %1 (0..%2)")
                                     .arg(Text(shown.material->Name()))

@@ -217,6 +217,23 @@ class CAdvancedCommandsTest : public QObject {
     QVERIFY(reported.wait(kTaskTimeoutMs));
     QVERIFY2(reported.last().at(0).toString().contains("Max #n for KRK: 16"),
              qPrintable(reported.last().at(0).toString()));
+    TakeMessage(*window);
+    // A position pasted by its index is found at that index again, and the next one after it.
+    const auto informationIndex = [&]() -> qulonglong {
+      window->Action("positionInformation")->trigger();
+      if (!reported.wait(kTaskTimeoutMs)) return 0;
+      TakeMessage(*window);
+      const QString text = reported.last().at(0).toString();
+      return text.section("index ", 1).section('\n', 0, 0).toULongLong();
+    };
+    window->askNumber = [](const QString&) { return std::optional<qulonglong>(1000); };
+    window->Action("pasteByIndex")->trigger();
+    QCOMPARE(informationIndex(), 1000ULL);
+    window->Action("nextOfType")->trigger();
+    const qulonglong next = informationIndex();
+    QVERIFY(next > 1000);
+    window->Action("previousOfType")->trigger();
+    QCOMPARE(informationIndex(), 1000ULL);
   }
 
   void RegressionRunWritesAndOpensItsLog() {
