@@ -74,14 +74,14 @@ bool LoadKey(const CIniFile& ini, const TOptionKey& key, COptions& options) {
   return found.has_value();
 }
 
+}  // namespace
+
 void DeriveMemoryQuotas(std::uint64_t nTotalPhysicalBytes, COptions& options) {
   const std::uint64_t nTotalMB = nTotalPhysicalBytes >> 20;
   options.nTempRegQuotaMB = nTotalMB * options.nMaxMemRatioForTempReg / 100;
   options.nTempRegSecondBoundMB = nTotalMB * 20 / 100;
   options.nPrecalcQuotaBytes = options.nMaxMemRatioForPrecalculatedData * nTotalPhysicalBytes / 100;
 }
-
-}  // namespace
 
 COptions& Options() {
   static COptions options = DefaultOptions();

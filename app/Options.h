@@ -86,3 +86,5 @@ std::optional<std::string> WriteOptions(const std::filesystem::path& iniFile);
 std::vector<std::string> LoadOptions(const CIniFile& ini, std::uint64_t nTotalPhysicalBytes,
                                      COptions& options);
 void StoreOptions(const COptions& options, CIniFile& ini);
+// The memory quotas from the ratio keys, again after the options dialog changed them.
+void DeriveMemoryQuotas(std::uint64_t nTotalPhysicalBytes, COptions& options);

@@ -120,6 +120,8 @@ class CSolvingSession {
   static std::filesystem::path DefaultRegisterFile(const TProblem& problem);
   // The session's own register; null when the seams gave another.
   TAggregatedTemporaryChessboardRegister* TemporaryRegister() { return tempRegister.get(); }
+  // The endgame tables the solves probe, shared with the window's table commands.
+  CTablesService& Tables() const { return *tables; }
 
  private:
   enum class EPauseState { Running, AllPaused, OnePaused };

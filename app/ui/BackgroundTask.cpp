@@ -1,30 +1,63 @@
 #include "app/ui/BackgroundTask.h"
 
-#include <QMetaObject>
+#include <exception>
 
-CBackgroundTask::~CBackgroundTask() {
-  Stop();
-  if (thread.joinable()) thread.join();  // its queued result is dropped with this object
+void CBackgroundTask::CContext::Progress(const QString& text, double dFraction) const {
+  CBackgroundTask* target = &task;  // the context may be gone when the call is made
+  QMetaObject::invokeMethod(
+      target, [target, text, dFraction] { Q_EMIT target->Progress(text, dFraction); },
+      Qt::QueuedConnection);
 }
 
-bool CBackgroundTask::Start(TWork work) {
+void CBackgroundTask::CContext::Line(const QString& text) const {
+  CBackgroundTask* target = &task;
+  QMetaObject::invokeMethod(
+      target, [target, text] { Q_EMIT target->Line(text); }, Qt::QueuedConnection);
+}
+
+CBackgroundTask::CBackgroundTask(QObject* parent) : QObject(parent) {}
+
+CBackgroundTask::~CBackgroundTask() {
+  if (worker.joinable()) Stop(true);
+  Join();
+}
+
+void CBackgroundTask::RequestStop() {
+  if (bRunning) Stop(false);
+}
+
+void CBackgroundTask::Stop(bool bAtOnce) {
+  bStop = true;
+  if (stopHook) stopHook(bAtOnce);
+}
+
+void CBackgroundTask::Join() {
+  if (worker.joinable()) worker.join();
+}
+
+bool CBackgroundTask::Start(const QString& taskTitle, TWork work, TStopHook onStop) {
   if (bRunning) return false;
-  if (thread.joinable()) thread.join();  // the last work has ended: its result was delivered
+  Join();  // the thread of the work before has ended: its Finished came
+  title = taskTitle;
+  stopHook = std::move(onStop);
+  bStop = false;
   bRunning = true;
-  thread = std::jthread([this, work = std::move(work)](std::stop_token stop) {
-    const QVariant result = work(stop);
-    const bool bStopped = stop.stop_requested();
+  worker = std::thread([this, work = std::move(work)] {
+    const CContext context(*this);
+    QString outcome;
+    try {
+      outcome = work(context);
+    } catch (const std::exception& error) {
+      outcome = QString::fromStdString(error.what());
+    }
+    const bool bStopped = bStop.load();
     QMetaObject::invokeMethod(
         this,
-        [this, result, bStopped] {
+        [this, outcome, bStopped] {
           bRunning = false;
-          Q_EMIT Finished(result, bStopped);
+          Q_EMIT Finished(outcome, bStopped);
         },
         Qt::QueuedConnection);
   });
   return true;
-}
-
-void CBackgroundTask::Stop() {
-  thread.request_stop();
 }

@@ -1,6 +1,7 @@
 #include "app/ui/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -47,6 +48,7 @@ CMainWindow::CMainWindow(QWidget* parent)
 // The solve reads the problem it was given until its thread ends: the controller, which stops
 // and joins it, goes before the collection that owns the problem.
 CMainWindow::~CMainWindow() {
+  delete task;  // a table command reads the session's tables: it ends first
   delete solver;
 }
 
@@ -166,6 +168,8 @@ QLayout* CMainWindow::BuildControls(QWidget* central) {
   connect(startButton, &QPushButton::clicked, this, [this] {
     if (IsSolving())
       StopSolve();
+    else if (QApplication::keyboardModifiers() & Qt::ControlModifier)
+      AskHeuristicsAndSolve(false);
     else
       StartSolve(false);
   });

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,14 +13,18 @@
 
 #include "app/SearchCriteria.h"
 #include "app/ThreadSettings.h"
+#include "app/ui/BackgroundTask.h"
+#include "app/ui/HeuristicsDialog.h"
 #include "app/ui/PlayedLine.h"
 #include "app/ui/PositionEdits.h"
 #include "core/BoardTransforms.h"
 #include "problems/Collection.h"
 
 class CBackgroundTask;
+class CSideTask;
 class CBoardView;
 class CProblemSearch;
+class COptionsDialog;
 class CPiecePalette;
 class CSolveController;
 class CStepControl;
@@ -33,7 +38,15 @@ class QSystemTrayIcon;
 class QTimer;
 
 // What a file chooser is asked for.
-enum class EFileQuestion { kOpen, kSaveAs, kNewFile, kAppend, kRemovePresent };
+enum class EFileQuestion {
+  kOpen,
+  kSaveAs,
+  kNewFile,
+  kAppend,
+  kRemovePresent,
+  kSaveRegister,
+  kReadRegister
+};
 
 class CMainWindow : public QMainWindow {
   Q_OBJECT
@@ -71,6 +84,8 @@ class CMainWindow : public QMainWindow {
   TProblem* CurrentProblem();
 
   void StartSolve(bool bFindAll);
+  // The heuristics selection dialog, and the solve with what it chose when it is confirmed.
+  void AskHeuristicsAndSolve(bool bFindAll);
   void StopSolve();
   bool IsSolving() const;
 
@@ -151,6 +166,17 @@ class CMainWindow : public QMainWindow {
   // Writes the problem shown (the position played out, with the moves left) to a file of its
   // own and starts another copy of the program on it.
   bool OpenInNewInstance();
+  // The options dialog; its OK applies the settings at once and writes options.ini.
+  void ShowOptions();
+  // The long commands (endgame tables, regression runs) run here one at a time.
+  CBackgroundTask* Task() const { return task; }
+  // The register's counters as the view shows them.
+  QString RegisterCountersText() const;
+  // Opens the regression log when a run ends; the default application unless replaced.
+  std::function<void(const QString&)> openLog;
+  // Asks for a number (the index of "Paste position of this type by index"); an input box
+  // unless replaced. Nothing when dismissed.
+  std::function<std::optional<qulonglong>(const QString&)> askNumber;
 
  Q_SIGNALS:
   // The window's view of a solve changed: started, or finished with its report shown.
@@ -160,6 +186,8 @@ class CMainWindow : public QMainWindow {
   // A search has ended (its result shown), and so has a long command beside the solve.
   void SearchFinished();
   void TaskFinished();
+  // A long command ended and its outcome is shown.
+  void TaskReported(const QString& outcome);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -181,6 +209,23 @@ class CMainWindow : public QMainWindow {
   void BuildNavigatorCommands(QMenu* problem);
   void BuildOtherMenus();
   void BuildPriorityMenu();
+  void BuildAffinityMenu(QMenu* priority);
+  void BuildAdvancedMenu();
+  void BuildRegisterCommands(QMenu* advanced);
+  void BuildRegressionCommands(QMenu* advanced);
+  void BuildTablesCommands(QMenu* advanced);
+  void BuildTaskArea();
+  void ApplyOptions(const COptionsDialog& dialog);
+  void RebuildSolver();
+  void ShowRegisterCounters(std::uint32_t nElements, std::uint32_t nDoubtful);
+  void RefreshRegisterCounters();
+  void RunTask(const char* title, CBackgroundTask::TWork work, std::function<void()> onDone = {},
+               CBackgroundTask::TStopHook onStop = nullptr);
+  void OnTaskFinished(const QString& outcome, bool bStopped);
+  void RunRegression(bool bQuick);
+  void RunTableCommand(const char* title, int nCommand);
+  void StepPositionOfType(int direction);
+  void PastePositionByIndex();
   void BuildLanguageMenu();
   void ShowLanguage(int nLanguageId);
   QAction* AddCommand(QMenu* menu, const char* text, const QString& name, const QKeySequence& key,
@@ -254,7 +299,7 @@ class CMainWindow : public QMainWindow {
   // then to nothing, then back.
   void CycleProgressArea();
   void ShowSolutionTree();
-  void OnTaskFinished(const QVariant& result, bool bStopped);
+  void OnSideTaskFinished(const QVariant& result, bool bStopped);
   void OfferHelpCommands();
   void ShowManual();
   void ShowDocument(const QString& resource, const QString& title, bool bMarkdown);
@@ -270,6 +315,13 @@ class CMainWindow : public QMainWindow {
   bool bSettingMode = false;
   TThreadSettings threads;
   int nSolvingId = 0;
+  std::optional<THeuristicsChoice> heuristicsChoice;  // for the next solve only
+  bool bSolverOutdated = false;  // the settings changed during a solve: a new session follows
+  CBackgroundTask* task = nullptr;
+  std::function<void()> taskDone;  // what follows the running command's end on this thread
+  QLabel* taskLabel = nullptr;
+  QPushButton* taskStop = nullptr;
+  QLabel* registerLabel = nullptr;
 
   CSolveController* solver = nullptr;
   CBoardView* board = nullptr;
@@ -297,7 +349,7 @@ class CMainWindow : public QMainWindow {
   std::vector<int> pendingIds;             // the problems a search in steps has not seen yet
   bool bSimilarFound = false;
   QWidget* searchProgress = nullptr;
-  CBackgroundTask* task = nullptr;  // the solution tree or the best defence
+  CSideTask* sideTask = nullptr;  // the solution tree or the best defence
   bool bTreeAfterSolve = false;
   int nInstancesStarted = 0;
   QString treeText;

@@ -7,7 +7,7 @@
 #include <QShortcut>
 #include <QTimer>
 
-#include "app/ui/BackgroundTask.h"
+#include "app/ui/SideTask.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 
@@ -30,8 +30,8 @@ void CMainWindow::OfferCommands() {
   };
   animation = new QTimer(this);
   connect(animation, &QTimer::timeout, this, &CMainWindow::AnimationStep);
-  task = new CBackgroundTask(this);
-  connect(task, &CBackgroundTask::Finished, this, &CMainWindow::OnTaskFinished);
+  sideTask = new CSideTask(this);
+  connect(sideTask, &CSideTask::Finished, this, &CMainWindow::OnSideTaskFinished);
   OfferVariantCommands();
   OfferProblemCommands();
   OfferSearchCommands();

@@ -21,6 +21,7 @@ namespace {
 const char* const kFileFilter =
     "Chess problems (*.cp);;Problem solver text (*.pop *.txt);;EPD (*.epd);;FEN list (*.fen);;"
     "All files (*)";
+const char* const kRegisterFilter = "Temporary registers (*.ltr);;All files (*)";
 constexpr const char* kRecentKey = "recentFiles";
 constexpr int kRecentCount = 8;
 // Positions of an EPD or FEN list without a stipulation become mates in this many moves, as
@@ -145,6 +146,12 @@ QString CMainWindow::AskFile(EFileQuestion question) {
       return QFileDialog::getOpenFileName(this, WindowText("Append problems"), folder, filter);
     case EFileQuestion::kRemovePresent:
       return QFileDialog::getOpenFileName(this, WindowText("Remove problems"), folder, filter);
+    case EFileQuestion::kSaveRegister:
+      return QFileDialog::getSaveFileName(this, WindowText("Save temporary register"), {},
+                                          WindowText(kRegisterFilter));
+    case EFileQuestion::kReadRegister:
+      return QFileDialog::getOpenFileName(this, WindowText("Read temporary register"), {},
+                                          WindowText(kRegisterFilter));
     case EFileQuestion::kOpen:
       break;
   }

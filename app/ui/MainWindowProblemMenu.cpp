@@ -88,34 +88,7 @@ void CMainWindow::BuildOtherMenus() {
            {"Save moves as main variant", "Save moves as variant...", "Show main variant",
             "Show variant...", "Animate main variant", "Animate variant...",
             "Stop variant animation", "Remove variant..."});
-  AddLater(
-      AddMenu(menuBar(), "&Advanced"),
-      {"Select &heuristics and find solution\tCtrl+F5",
-       "Select &heuristics and find all solutions\tShift+Ctrl+F5",
-       "Sort &indications...\tCtrl+W",
-       "&Options",
-       "Save temporary register of current problem",
-       "Save temporary register of current problem as...",
-       "Read temporary register of current problem from default file",
-       "Read temporary register from file...",
-       "Clear temporary register of current problem",
-       "Skip analysis of current move and go to the &next one",
-       "Display &id of current position and copy it to clipboard",
-       "Run regression test (solve all problems in the current file)",
-       "Run quick regression test (solve single problem for no longer than 64 sec.)",
-       "Display current status of global register (precalculated data in memory)",
-       "Verify files of precalulcated data (global register) on disk",
-       "Verify files of precalulcated data on disk - resume from cur.pos.type",
-       "Show &max #n for positions of this type + next position\tCtrl+M",
-       "Show max #n for positions of this type - previous position\tCtrl+M",
-       "&Information about position\tCtrl+I",
-       "Paste position of this type by index",
-       "Previous position of this type\tShift+Ctrl+P",
-       "Next position of this type\tShift+Ctrl+N",
-       "Verify correctness of generated precalculated data (Nalimov) for this position type",
-       "Verify correctness of partially generated precalculated data for this position type",
-       "&Precalculate data (Nalimov tablebases) for this position type",
-       "Check if FEN codes from selected file (any text format) exist in the current file..."});
+  BuildAdvancedMenu();
   BuildPriorityMenu();
   QMenu* help = AddMenu(menuBar(), "&Help");
   AddLater(help, {"Open &manual (quick start)", "&Open readme.txt"});
@@ -145,8 +118,7 @@ void CMainWindow::BuildPriorityMenu() {
       group->actions().at(static_cast<int>(GetProgramState().priorityClass))->setChecked(true);
     });
   }
-  AddLater(AddMenu(priority, "Processor &affinity"), {});
-  priority->actions().back()->setEnabled(false);
+  BuildAffinityMenu(priority);
 }
 
 // The language menu names each language in itself, so its labels are never translated.

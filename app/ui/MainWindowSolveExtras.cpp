@@ -14,7 +14,7 @@
 #include "app/Options.h"
 #include "app/SolutionReport.h"
 #include "app/SolverCommands.h"
-#include "app/ui/BackgroundTask.h"
+#include "app/ui/SideTask.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
@@ -113,7 +113,7 @@ void CMainWindow::ShowSolutionTree() {
     const int nMoves = problem->stipulation.Moves();
     const std::vector<TMove> keys = result.keys;
     resultView->appendPlainText(WindowText("Building the solution tree..."));
-    task->Start([start, nMoves, keys](std::stop_token stop) {
+    sideTask->Start([start, nMoves, keys](std::stop_token stop) {
       return TreeResult(start, nMoves, keys, stop);
     });
     return;
@@ -137,18 +137,18 @@ void CMainWindow::FindBestDefence(bool bThorough) {
   beforeWhite.parent = nullptr;
   beforeWhite.ply = beforeWhite.rootPlies = static_cast<std::uint16_t>(nLeft + 1);
   const TMove white = position.lastMove;
-  task->Start([beforeWhite, white, position, bThorough](std::stop_token stop) {
+  sideTask->Start([beforeWhite, white, position, bThorough](std::stop_token stop) {
     return DefenceResult(beforeWhite, white, position, bThorough, stop);
   });
   RefreshControls();
 }
 
 bool CMainWindow::IsTaskRunning() const {
-  return task->IsRunning();
+  return sideTask->IsRunning();
 }
 
 // A defence is played only on the position it was sought for.
-void CMainWindow::OnTaskFinished(const QVariant& result, bool bStopped) {
+void CMainWindow::OnSideTaskFinished(const QVariant& result, bool bStopped) {
   const QVariantMap values = result.toMap();
   if (values.value("kind") == "tree") {
     const QStringList lines = values.value("lines").toStringList();

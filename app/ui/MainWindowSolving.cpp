@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <utility>
 
 #include "app/Options.h"
 #include "app/SolvingReports.h"
@@ -34,6 +35,7 @@ void CMainWindow::ConnectSolver() {
                                .arg(QString::fromStdString(progress.sCurrentMove))
                                .arg(progress.bPaused ? WindowText(" (paused)") : QString()));
     ShowStatusLine();
+    ShowRegisterCounters(progress.nRegisterElements, progress.nDoubtfulElements);
   });
   connect(solver, &CSolveController::PassFinished, this, [this](const QStringList& lines) {
     for (const QString& text : lines) resultView->appendPlainText(text);
@@ -46,11 +48,19 @@ void CMainWindow::ConnectSolver() {
 void CMainWindow::StartSolve(bool bFindAll) {
   TProblem* problem = CurrentProblem();
   if (IsSolving() || bSettingMode || !problem) return;
+  if (Options().bPromptHeuristics && !heuristicsChoice) return AskHeuristicsAndSolve(bFindAll);
+  const std::optional<THeuristicsChoice> chosen = std::exchange(heuristicsChoice, std::nullopt);
+  if (bSolverOutdated && !task->IsRunning()) RebuildSolver();  // a table command reads its tables
   const int nLanguage = Options().nLanguageId;
   if (problem->stipulation.type == TStipulation::kMoveLine)
     return ShowMessage(WindowText("Information"), QString::fromStdString(OnlyMatesText(nLanguage)));
-  if (const auto refusal =
-          solver->Start({.pProblem = problem, .bFindAll = bFindAll, .threads = threads}))
+  TSolveOrder order{.pProblem = problem, .bFindAll = bFindAll, .threads = threads};
+  if (chosen) {
+    order.heuristics = chosen->named;
+    order.bPass2 = chosen->bPass2;
+    order.bQuickMode = chosen->bQuickMode;
+  }
+  if (const auto refusal = solver->Start(order))
     return ShowMessage(WindowText("Information"), QString::fromStdString(*refusal));
   nSolvingId = nCurrentId;
   resultView->clear();
@@ -63,7 +73,7 @@ void CMainWindow::StartSolve(bool bFindAll) {
 // Stops the solve, and the solution tree or best defence being built beside it.
 void CMainWindow::StopSolve() {
   if (IsSolving()) solver->Stop();
-  if (task) task->Stop();
+  if (sideTask) sideTask->Stop();
 }
 
 void CMainWindow::OnSolveFinished() {
@@ -96,6 +106,7 @@ void CMainWindow::OnSolveFinished() {
     }
   }
   RefreshControls();
+  RefreshRegisterCounters();
   if (firstKey.from != square::kNone && nSolvingId == nCurrentId && !bSettingMode &&
       line.MovesPlayed() == 0)
     ShowKeyMove(firstKey);

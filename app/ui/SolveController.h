@@ -35,6 +35,7 @@ class CSolveController : public QObject {
   bool IsPaused() const { return bPaused; }
   const TPassProgress& LastProgress() const { return lastProgress; }
   const CSolvingSession& Session() const { return *session; }
+  CSolvingSession& Session() { return *session; }
 
  Q_SIGNALS:
   void ProgressChanged(const QString& statusLine);

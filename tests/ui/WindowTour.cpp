@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,6 +23,28 @@
 
 class CWindowTour : public QObject {
   Q_OBJECT
+  // The dialogs of the Advanced menu, and the answer of a table command.
+  static void SaveDialogs(CMainWindow& window, const QString& folder) {
+    const auto grab = [&](const char* name, const char* file) {
+      auto* dialog = window.findChild<QDialog*>(name);
+      QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
+      QVERIFY(dialog->grab().save(QDir(folder).filePath(file)));
+      dialog->reject();
+    };
+    window.Action("options")->trigger();
+    grab("optionsDialog", "10-options.png");
+    window.Action("heuristicsSolve")->trigger();
+    window.findChild<QPushButton*>("showPath")->click();
+    grab("heuristicsDialog", "11-heuristics.png");
+    QSignalSpy reported(&window, &CMainWindow::TaskReported);
+    window.Action("tablesStatus")->trigger();
+    QVERIFY(reported.wait(60000));
+    auto* box = window.findChild<QMessageBox*>("messageBox");
+    QVERIFY(box && QTest::qWaitForWindowExposed(box));
+    QVERIFY(box->grab().save(QDir(folder).filePath("12-tables-status.png")));
+    TakeMessage(window);
+  }
+
  private Q_SLOTS:
   void MeasuresOpeningAndResponsiveness() {
     if (qEnvironmentVariableIsEmpty("LONGMATE_MEASURE")) QSKIP("LONGMATE_MEASURE is not set");
@@ -116,6 +140,8 @@ class CWindowTour : public QObject {
     QVERIFY(window->PlayMove(sq(1, 3), sq(1, 2)));  // Kb3-b2
     QVERIFY(window->PlayMove(sq(4, 1), sq(4, 2)));  // Ke1-e2
     save("6-last-move-no-mate.png");
+    QVERIFY(window->GoToProblem(idLongest));  // a position with heuristic passes
+    SaveDialogs(*window, folder);
 
     QTemporaryDir files;
     const QString linked = files.filePath("linked.cp");
@@ -133,6 +159,11 @@ class CWindowTour : public QObject {
     window->SetSettingMode(true);
     save("8-polish-menus-and-buttons.png");
     window->SetSettingMode(false);
+    window->Action("options")->trigger();
+    auto* options = window->findChild<QDialog*>("optionsDialog");
+    QVERIFY(options && QTest::qWaitForWindowExposed(options));
+    QVERIFY(options->grab().save(QDir(folder).filePath("13-polish-options.png")));
+    options->reject();
     window->SetLanguage(kEnglishLanguageId);
   }
 };

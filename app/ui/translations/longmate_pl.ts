@@ -1110,5 +1110,287 @@
         <source>Improper number of black pawns on chessboard.</source>
         <translation>Niepoprawna liczba czarnych pionów na szachownicy.</translation>
     </message>
+    <message>
+        <source>Program options</source>
+        <translation>Opcje programu</translation>
+    </message>
+    <message>
+        <source>Levels of analysis with solutions downloaded from %1</source>
+        <translation>Liczba poziomów analizy z rozwiązaniami pobieranymi z %1</translation>
+    </message>
+    <message>
+        <source>Add repeated positions to temporary data</source>
+        <translation>Dodawaj powtórzone pozycje do danych tymczasowych</translation>
+    </message>
+    <message>
+        <source>Minimize program to notification area (sys.tray)</source>
+        <translation>Minimalizuj program do obszaru powiadomień (zasobnik)</translation>
+    </message>
+    <message>
+        <source>Invalid number of levels of analysis with solutions dowanloaded from</source>
+        <translation>Niepoprawna liczba poziomów analizy z rozwiązaniami pobieranymi z</translation>
+    </message>
+    <message>
+        <source>Heuristics selection</source>
+        <translation>Wybór heurystyk</translation>
+    </message>
+    <message>
+        <source>Automatic choice for this position:</source>
+        <translation>Wybór automatyczny dla tej pozycji:</translation>
+    </message>
+    <message>
+        <source>Choose heuristics automatically</source>
+        <translation>Wybieraj heurystyki automatycznie</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Pokaż</translation>
+    </message>
+    <message>
+        <source>Pass without heuristics (pass 2)</source>
+        <translation>Przebieg bez heurystyk (przebieg 2)</translation>
+    </message>
+    <message>
+        <source>Yes (quick mode)</source>
+        <translation>Tak (tryb szybki)</translation>
+    </message>
+    <message>
+        <source>No (safe mode)</source>
+        <translation>Nie (tryb bezpieczny)</translation>
+    </message>
+    <message>
+        <source>Heuristic</source>
+        <translation>Heurystyka</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parametry</translation>
+    </message>
+    <message>
+        <source>no pass with heuristics</source>
+        <translation>brak przebiegu z heurystykami</translation>
+    </message>
+    <message>
+        <source>Temp.reg.: %1 (doubtful %2)</source>
+        <translation>Rej.tymcz.: %1 (wątpliwych %2)</translation>
+    </message>
+    <message>
+        <source>Folder: %1</source>
+        <translation>Folder: %1</translation>
+    </message>
+    <message>
+        <source>Memory quota: %1 MB</source>
+        <translation>Limit pamięci: %1 MB</translation>
+    </message>
+    <message>
+        <source>Loaded: %1 tables, %2 KB</source>
+        <translation>Wczytane: %1 tablic, %2 KB</translation>
+    </message>
+    <message>
+        <source>Tables on disk: %1</source>
+        <translation>Tablice na dysku: %1</translation>
+    </message>
+    <message>
+        <source>%1: %2 positions checked, %3 wrong, %4 with a missing table</source>
+        <translation>%1: sprawdzono %2 pozycji, błędnych %3, z brakującą tablicą %4</translation>
+    </message>
+    <message>
+        <source>%1: no table</source>
+        <translation>%1: brak tablicy</translation>
+    </message>
+    <message>
+        <source>Tables checked: %1, with wrong values: %2</source>
+        <translation>Sprawdzone tablice: %1, z błędnymi wartościami: %2</translation>
+    </message>
+    <message>
+        <source>No position of %1 is a mate</source>
+        <translation>Żadna pozycja %1 nie jest matem</translation>
+    </message>
+    <message>
+        <source>Max #n for %1: %2 (index %3)</source>
+        <translation>Maks. #n dla %1: %2 (indeks %3)</translation>
+    </message>
+    <message>
+        <source>Position type %1, index %2</source>
+        <translation>Typ pozycji %1, indeks %2</translation>
+    </message>
+    <message>
+        <source>No table holds this position</source>
+        <translation>Żadna tablica nie zawiera tej pozycji</translation>
+    </message>
+    <message>
+        <source>Best moves: %1</source>
+        <translation>Najlepsze posunięcia: %1</translation>
+    </message>
+    <message>
+        <source>Paste position of this type by index</source>
+        <translation>Wklej pozycję tego typu według indeksu</translation>
+    </message>
+    <message>
+        <source>The position has no type of precalculated data (kings and at most 3 other pieces).</source>
+        <translation>Pozycja nie ma typu danych prekalkulowanych (króle i najwyżej 3 inne bierki).</translation>
+    </message>
+    <message>
+        <source>No table of %1</source>
+        <translation>Brak tablicy %1</translation>
+    </message>
+    <message>
+        <source>Index of position %1 (0..%2)</source>
+        <translation>Indeks pozycji %1 (0..%2)</translation>
+    </message>
+    <message>
+        <source>Index %1 stands for no position of %2</source>
+        <translation>Indeks %1 nie oznacza żadnej pozycji %2</translation>
+    </message>
+    <message>
+        <source>Wait until the command being run ends, or stop it.</source>
+        <translation>Poczekaj na koniec wykonywanego polecenia albo je zatrzymaj.</translation>
+    </message>
+    <message>
+        <source>Stopped.</source>
+        <translation>Zatrzymano.</translation>
+    </message>
+    <message>
+        <source>Regression tests are usually a time-consuming operation (moreover it usually requires quite many precalculated/Nalimov data on disk)</source>
+        <translation>Testy regresyjne są zwykle operacją czasochłonną (ponadto zwykle wymagają sporo danych prekalkulowanych/Nalimova na dysku)</translation>
+    </message>
+    <message>
+        <source>Passed %1, failed %2, skipped %3</source>
+        <translation>Zaliczone %1, niezaliczone %2, pominięte %3</translation>
+    </message>
+    <message>
+        <source>Test results will be written to file RegressionTest.log</source>
+        <translation>Wyniki testów zostaną zapisane w pliku RegressionTest.log</translation>
+    </message>
+    <message>
+        <source>Settings were changed outside the program.
+Retry the attempt to change settings.</source>
+        <translation>Ustawienia zostały zmienione poza programem.
+Ponów próbę zmiany ustawień.</translation>
+    </message>
+    <message>
+        <source>Number of engine threads (applies to 1st move)</source>
+        <translation>Liczba wątków silnika (dotyczy 1. posunięcia)</translation>
+    </message>
+    <message>
+        <source>Number of multithreading levels</source>
+        <translation>Liczba poziomów wielowątkowości</translation>
+    </message>
+    <message>
+        <source>Num.of scheduler levels (default=6, off=0)</source>
+        <translation>Liczba poziomów harmonogramu (domyślnie=6, wył.=0)</translation>
+    </message>
+    <message>
+        <source>Custom scheduler</source>
+        <translation>Własny harmonogram</translation>
+    </message>
+    <message>
+        <source>Num.of observer levels (default=0, off=0)</source>
+        <translation>Liczba poziomów obserwatora (domyślnie=0, wył.=0)</translation>
+    </message>
+    <message>
+        <source>Let two threads analyze the same move</source>
+        <translation>Pozwól dwóm wątkom analizować to samo posunięcie</translation>
+    </message>
+    <message>
+        <source>Enable manual engine control</source>
+        <translation>Włącz ręczne sterowanie silnikiem</translation>
+    </message>
+    <message>
+        <source>Always display heuristics selection dialog</source>
+        <translation>Zawsze pokazuj okno wyboru heurystyk</translation>
+    </message>
+    <message>
+        <source>Max. % of RAM that temporary data of a problem can occupy</source>
+        <translation>Maks. % pamięci RAM na dane tymczasowe problemu</translation>
+    </message>
+    <message>
+        <source>Always clear temporary data when starting solving</source>
+        <translation>Zawsze czyść dane tymczasowe przy rozpoczęciu rozwiązywania</translation>
+    </message>
+    <message>
+        <source>Max. % of memory that precalculated/Nalimov data can occupy</source>
+        <translation>Maks. % pamięci na dane prekalkulowane/Nalimova</translation>
+    </message>
+    <message>
+        <source>Read precalculated data from disk (do not load it into memory)</source>
+        <translation>Czytaj dane prekalkulowane z dysku (bez wczytywania do pamięci)</translation>
+    </message>
+    <message>
+        <source>Always display main variant when navigating to a problem</source>
+        <translation>Zawsze pokazuj wariant główny przy przechodzeniu do problemu</translation>
+    </message>
+    <message>
+        <source>Use main variant as sort indications for engine</source>
+        <translation>Używaj wariantu głównego jako wskazówek sortowania dla silnika</translation>
+    </message>
+    <message>
+        <source>Write comments in the compatible form</source>
+        <translation>Zapisuj komentarze w formie zgodnej</translation>
+    </message>
+    <message>
+        <source>Write full log of analysis (unrecommended)</source>
+        <translation>Zapisuj pełny dziennik analizy (niezalecane)</translation>
+    </message>
+    <message>
+        <source>Write log of temporary data</source>
+        <translation>Zapisuj dziennik danych tymczasowych</translation>
+    </message>
+    <message>
+        <source>Write log of relaxing special heuristics</source>
+        <translation>Zapisuj dziennik luzowania heurystyk specjalnych</translation>
+    </message>
+    <message>
+        <source>Warn if not the first instance of program (0..2)</source>
+        <translation>Ostrzegaj, jeśli to nie pierwsza instancja programu (0..2)</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Tak</translation>
+    </message>
+    <message>
+        <source>Only with Ctrl key</source>
+        <translation>Tylko z klawiszem Ctrl</translation>
+    </message>
+    <message>
+        <source>Number of positions in temporary register (either checkmate or not, mate doubtful or not doubtful)</source>
+        <translation>Liczba pozycji w rejestrze tymczasowym (mat lub nie, mat wątpliwy lub niewątpliwy)</translation>
+    </message>
+    <message>
+        <source>%1: generated in %2 s, %3 bytes</source>
+        <translation>%1: wygenerowano w %2 s, %3 bajtów</translation>
+    </message>
+    <message>
+        <source>%1: on disk already, %2 bytes</source>
+        <translation>%1: już na dysku, %2 bajtów</translation>
+    </message>
+    <message>
+        <source>Improper value in multithreading levels option: value truncated/adjusted</source>
+        <translation>Niepoprawna wartość opcji poziomów wielowątkowości: wartość obcięta/dopasowana</translation>
+    </message>
+    <message>
+        <source>Too many threads and/or multithreading levels.</source>
+        <translation>Za dużo wątków i/lub poziomów wielowątkowości.</translation>
+    </message>
+    <message>
+        <source>Save temporary register</source>
+        <translation>Zapisz rejestr tymczasowy</translation>
+    </message>
+    <message>
+        <source>Read temporary register</source>
+        <translation>Wczytaj rejestr tymczasowy</translation>
+    </message>
+    <message>
+        <source>Temporary registers (*.ltr);;All files (*)</source>
+        <translation>Rejestry tymczasowe (*.ltr);;Wszystkie pliki (*)</translation>
+    </message>
+    <message>
+        <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
+        <translation>Tryb szybki mógłby tu zgubić mata: ta pozycja jest rozwiązywana w trybie bezpiecznym.</translation>
+    </message>
 </context>
 </TS>

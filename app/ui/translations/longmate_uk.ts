@@ -1110,5 +1110,287 @@
         <source>Improper number of black pawns on chessboard.</source>
         <translation>Неправильна кількість чорних пішаків на дошці.</translation>
     </message>
+    <message>
+        <source>Program options</source>
+        <translation>Параметри програми</translation>
+    </message>
+    <message>
+        <source>Levels of analysis with solutions downloaded from %1</source>
+        <translation>Кількість рівнів аналізу з розв'язками, завантаженими з %1</translation>
+    </message>
+    <message>
+        <source>Add repeated positions to temporary data</source>
+        <translation>Додавати повторені позиції до тимчасових даних</translation>
+    </message>
+    <message>
+        <source>Minimize program to notification area (sys.tray)</source>
+        <translation>Згортати програму в область сповіщень (трей)</translation>
+    </message>
+    <message>
+        <source>Invalid number of levels of analysis with solutions dowanloaded from</source>
+        <translation>Неправильна кількість рівнів аналізу з розв'язками, завантаженими з</translation>
+    </message>
+    <message>
+        <source>Heuristics selection</source>
+        <translation>Вибір евристик</translation>
+    </message>
+    <message>
+        <source>Automatic choice for this position:</source>
+        <translation>Автоматичний вибір для цієї позиції:</translation>
+    </message>
+    <message>
+        <source>Choose heuristics automatically</source>
+        <translation>Вибирати евристики автоматично</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Показати</translation>
+    </message>
+    <message>
+        <source>Pass without heuristics (pass 2)</source>
+        <translation>Прохід без евристик (прохід 2)</translation>
+    </message>
+    <message>
+        <source>Yes (quick mode)</source>
+        <translation>Так (швидкий режим)</translation>
+    </message>
+    <message>
+        <source>No (safe mode)</source>
+        <translation>Ні (безпечний режим)</translation>
+    </message>
+    <message>
+        <source>Heuristic</source>
+        <translation>Евристика</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Параметри</translation>
+    </message>
+    <message>
+        <source>no pass with heuristics</source>
+        <translation>немає проходу з евристиками</translation>
+    </message>
+    <message>
+        <source>Temp.reg.: %1 (doubtful %2)</source>
+        <translation>Тимч.реєстр: %1 (сумнівних %2)</translation>
+    </message>
+    <message>
+        <source>Folder: %1</source>
+        <translation>Тека: %1</translation>
+    </message>
+    <message>
+        <source>Memory quota: %1 MB</source>
+        <translation>Ліміт пам'яті: %1 МБ</translation>
+    </message>
+    <message>
+        <source>Loaded: %1 tables, %2 KB</source>
+        <translation>Завантажено: %1 таблиць, %2 КБ</translation>
+    </message>
+    <message>
+        <source>Tables on disk: %1</source>
+        <translation>Таблиці на диску: %1</translation>
+    </message>
+    <message>
+        <source>%1: %2 positions checked, %3 wrong, %4 with a missing table</source>
+        <translation>%1: перевірено %2 позицій, помилкових %3, з відсутньою таблицею %4</translation>
+    </message>
+    <message>
+        <source>%1: no table</source>
+        <translation>%1: немає таблиці</translation>
+    </message>
+    <message>
+        <source>Tables checked: %1, with wrong values: %2</source>
+        <translation>Перевірено таблиць: %1, з помилковими значеннями: %2</translation>
+    </message>
+    <message>
+        <source>No position of %1 is a mate</source>
+        <translation>Жодна позиція %1 не є матом</translation>
+    </message>
+    <message>
+        <source>Max #n for %1: %2 (index %3)</source>
+        <translation>Макс. #n для %1: %2 (індекс %3)</translation>
+    </message>
+    <message>
+        <source>Position type %1, index %2</source>
+        <translation>Тип позиції %1, індекс %2</translation>
+    </message>
+    <message>
+        <source>No table holds this position</source>
+        <translation>Жодна таблиця не містить цієї позиції</translation>
+    </message>
+    <message>
+        <source>Best moves: %1</source>
+        <translation>Найкращі ходи: %1</translation>
+    </message>
+    <message>
+        <source>Paste position of this type by index</source>
+        <translation>Вставити позицію цього типу за індексом</translation>
+    </message>
+    <message>
+        <source>The position has no type of precalculated data (kings and at most 3 other pieces).</source>
+        <translation>Позиція не має типу попередньо обчислених даних (королі та щонайбільше 3 інші фігури).</translation>
+    </message>
+    <message>
+        <source>No table of %1</source>
+        <translation>Немає таблиці %1</translation>
+    </message>
+    <message>
+        <source>Index of position %1 (0..%2)</source>
+        <translation>Індекс позиції %1 (0..%2)</translation>
+    </message>
+    <message>
+        <source>Index %1 stands for no position of %2</source>
+        <translation>Індекс %1 не відповідає жодній позиції %2</translation>
+    </message>
+    <message>
+        <source>Wait until the command being run ends, or stop it.</source>
+        <translation>Зачекайте завершення поточної команди або зупиніть її.</translation>
+    </message>
+    <message>
+        <source>Stopped.</source>
+        <translation>Зупинено.</translation>
+    </message>
+    <message>
+        <source>Regression tests are usually a time-consuming operation (moreover it usually requires quite many precalculated/Nalimov data on disk)</source>
+        <translation>Регресійні тести зазвичай тривалі (крім того, зазвичай потребують чимало попередньо обчислених даних/Налімова на диску)</translation>
+    </message>
+    <message>
+        <source>Passed %1, failed %2, skipped %3</source>
+        <translation>Успішних %1, невдалих %2, пропущених %3</translation>
+    </message>
+    <message>
+        <source>Test results will be written to file RegressionTest.log</source>
+        <translation>Результати тестів буде записано у файл RegressionTest.log</translation>
+    </message>
+    <message>
+        <source>Settings were changed outside the program.
+Retry the attempt to change settings.</source>
+        <translation>Налаштування змінено поза програмою.
+Повторіть спробу змінити налаштування.</translation>
+    </message>
+    <message>
+        <source>Number of engine threads (applies to 1st move)</source>
+        <translation>Кількість потоків рушія (стосується 1-го ходу)</translation>
+    </message>
+    <message>
+        <source>Number of multithreading levels</source>
+        <translation>Кількість рівнів багатопотоковості</translation>
+    </message>
+    <message>
+        <source>Num.of scheduler levels (default=6, off=0)</source>
+        <translation>Кількість рівнів планувальника (типово=6, вимк.=0)</translation>
+    </message>
+    <message>
+        <source>Custom scheduler</source>
+        <translation>Власний планувальник</translation>
+    </message>
+    <message>
+        <source>Num.of observer levels (default=0, off=0)</source>
+        <translation>Кількість рівнів спостерігача (типово=0, вимк.=0)</translation>
+    </message>
+    <message>
+        <source>Let two threads analyze the same move</source>
+        <translation>Дозволити двом потокам аналізувати той самий хід</translation>
+    </message>
+    <message>
+        <source>Enable manual engine control</source>
+        <translation>Увімкнути ручне керування рушієм</translation>
+    </message>
+    <message>
+        <source>Always display heuristics selection dialog</source>
+        <translation>Завжди показувати вікно вибору евристик</translation>
+    </message>
+    <message>
+        <source>Max. % of RAM that temporary data of a problem can occupy</source>
+        <translation>Макс. % RAM для тимчасових даних задачі</translation>
+    </message>
+    <message>
+        <source>Always clear temporary data when starting solving</source>
+        <translation>Завжди очищати тимчасові дані на початку розв'язування</translation>
+    </message>
+    <message>
+        <source>Max. % of memory that precalculated/Nalimov data can occupy</source>
+        <translation>Макс. % пам'яті для попередньо обчислених даних/Налімова</translation>
+    </message>
+    <message>
+        <source>Read precalculated data from disk (do not load it into memory)</source>
+        <translation>Читати попередньо обчислені дані з диска (не завантажуючи в пам'ять)</translation>
+    </message>
+    <message>
+        <source>Always display main variant when navigating to a problem</source>
+        <translation>Завжди показувати головний варіант під час переходу до задачі</translation>
+    </message>
+    <message>
+        <source>Use main variant as sort indications for engine</source>
+        <translation>Використовувати головний варіант як вказівки сортування для рушія</translation>
+    </message>
+    <message>
+        <source>Write comments in the compatible form</source>
+        <translation>Записувати коментарі в сумісній формі</translation>
+    </message>
+    <message>
+        <source>Write full log of analysis (unrecommended)</source>
+        <translation>Записувати повний журнал аналізу (не рекомендується)</translation>
+    </message>
+    <message>
+        <source>Write log of temporary data</source>
+        <translation>Записувати журнал тимчасових даних</translation>
+    </message>
+    <message>
+        <source>Write log of relaxing special heuristics</source>
+        <translation>Записувати журнал послаблення спеціальних евристик</translation>
+    </message>
+    <message>
+        <source>Warn if not the first instance of program (0..2)</source>
+        <translation>Попереджати, якщо це не перший екземпляр програми (0..2)</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Ні</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Так</translation>
+    </message>
+    <message>
+        <source>Only with Ctrl key</source>
+        <translation>Лише з клавішею Ctrl</translation>
+    </message>
+    <message>
+        <source>Number of positions in temporary register (either checkmate or not, mate doubtful or not doubtful)</source>
+        <translation>Кількість позицій у тимчасовому реєстрі (мат чи ні, мат сумнівний чи ні)</translation>
+    </message>
+    <message>
+        <source>%1: generated in %2 s, %3 bytes</source>
+        <translation>%1: згенеровано за %2 с, %3 байтів</translation>
+    </message>
+    <message>
+        <source>%1: on disk already, %2 bytes</source>
+        <translation>%1: уже на диску, %2 байтів</translation>
+    </message>
+    <message>
+        <source>Improper value in multithreading levels option: value truncated/adjusted</source>
+        <translation>Неправильне значення параметра рівнів багатопотоковості: значення обрізано/скориговано</translation>
+    </message>
+    <message>
+        <source>Too many threads and/or multithreading levels.</source>
+        <translation>Забагато потоків та/або рівнів багатопотоковості.</translation>
+    </message>
+    <message>
+        <source>Save temporary register</source>
+        <translation>Зберегти тимчасовий реєстр</translation>
+    </message>
+    <message>
+        <source>Read temporary register</source>
+        <translation>Прочитати тимчасовий реєстр</translation>
+    </message>
+    <message>
+        <source>Temporary registers (*.ltr);;All files (*)</source>
+        <translation>Тимчасові реєстри (*.ltr);;Усі файли (*)</translation>
+    </message>
+    <message>
+        <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
+        <translation>Швидкий режим міг би тут загубити мат: ця позиція розв'язується в безпечному режимі.</translation>
+    </message>
 </context>
 </TS>
