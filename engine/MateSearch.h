@@ -14,8 +14,8 @@
 // The depth-limited AND-OR search of one thread: White's positions are OR nodes (one
 // mating move suffices), Black's are AND nodes (every reply must be mated). In a selfmate
 // "mate" means White forces the goal of the context (see MateGoal.h): the nodes are the
-// same, only the ends of the lines differ. Each thread
-// owns its line of positions; the register and run state are shared through the context.
+// same, only the ends of the lines differ. Each thread owns its line of positions; the
+// register and run state are shared through the context.
 //
 // When the context asks for it, a line that returns to a position already on it is cut:
 // White's shortest mates never repeat a position, so the cut loses no mate, but a "no mate"

@@ -15,7 +15,8 @@ constexpr const char* kCollection =
     "1 #2\n{\n\tDescription: S. Loyd 1859\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n"
     "\tAnswer: Qh5-a5\n}\n"
     "2 #2 NoMirror\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n\tAnswer: Qh5-h4\n}\n"
-    "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n";
+    "3 s#2\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n}\n"
+    "4\n{\n\tFEN: 4k3/8/8/8/8/8/8/4K3\n}\n";
 
 class SearchCommands : public testing::Test {
  protected:
@@ -56,7 +57,8 @@ TEST_F(SearchCommands, ExitStatusesAndMessages) {
       {"find broken.cp", 2, "broken.cp"},
       {"regress problems.cp --problem 1 --quiet", 0, "Test #1 ok"},
       {"regress problems.cp --problem 2,1 --quiet", 1, "Test #2 failed:"},
-      {"regress problems.cp --problem 3 --quiet", 0, "Passed 0, failed 0, skipped 1"},
+      {"regress problems.cp --problem 4 --quiet", 0, "Passed 0, failed 0, skipped 1"},
+      {"regress problems.cp --problem 3 --quiet", 0, "Prob.#3 No solution"},
       {"regress problems.cp --problem 7", 2, "No problem 7"},
       {"regress problems.cp --threads 0", 2, "--threads"},
       {"regress broken.cp", 2, "broken.cp"},

@@ -1,5 +1,5 @@
 // The bundled sample file: it reads whole, is already in the canonical form, and every
-// answer is the set of published keys of its position.
+// answer is the set of published keys of its position and stipulation.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,33 +30,43 @@ class SampleProblems : public testing::Test {
   TProblemCollection collection;
 };
 
-TEST_F(SampleProblems, AreDirectMatesFromTwoMovesToTheLongestOfTheData) {
+// Direct mates from two moves to the longest of the data, and a selfmate beside them.
+TEST_F(SampleProblems, AreMatesFromTwoMovesToTheLongestOfTheData) {
   EXPECT_GE(collection.Size(), 40u);
   int nLongestInData = 0;
   for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
     if (!row.at("keys").empty()) nLongestInData = std::max(nLongestInData, std::stoi(row.at("n")));
   }
-  int nShortest = 1000, nLongest = 0;
+  int nShortest = 1000, nLongest = 0, nSelfmates = 0;
   for (const auto& [id, problem] : collection.Problems()) {
-    EXPECT_EQ(problem->stipulation.type, TStipulation::kDirectMate) << id;
     EXPECT_FALSE(problem->description.empty()) << id;
+    if (problem->stipulation.type == TStipulation::kSelfmate) {
+      ++nSelfmates;
+      continue;
+    }
+    EXPECT_EQ(problem->stipulation.type, TStipulation::kDirectMate) << id;
     nShortest = std::min(nShortest, problem->stipulation.Moves());
     nLongest = std::max(nLongest, problem->stipulation.Moves());
   }
   EXPECT_EQ(nShortest, 2);
   EXPECT_EQ(nLongest, nLongestInData);
+  EXPECT_GE(nSelfmates, 1);
 }
 
+// Each problem is a row of the direct mates or of the selfmates, by its placement and
+// stipulation.
 TEST_F(SampleProblems, AnswersAreThePublishedKeys) {
-  std::map<std::string, testdata::TRow> rowByPlacement;
-  for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
-    if (!row.at("keys").empty()) rowByPlacement[Placement(row.at("fen"))] = row;
-  }
+  std::map<std::string, testdata::TRow> rowByPosition;
+  for (const auto& [file, prefix] : {std::pair{"directmates.tsv", " #"}, {"selfmates.tsv", " s#"}})
+    for (const auto& row : testdata::ReadTsv(file)) {
+      if (!row.at("keys").empty())
+        rowByPosition[Placement(row.at("fen")) + prefix + row.at("n")] = row;
+    }
   for (const auto& [id, problem] : collection.Problems()) {
-    const auto found = rowByPlacement.find(fen::WriteShortFen(problem->start));
-    ASSERT_NE(found, rowByPlacement.end()) << "problem " << id << " is not in the data";
+    const auto found =
+        rowByPosition.find(fen::WriteShortFen(problem->start) + " " + problem->stipulation.Text());
+    ASSERT_NE(found, rowByPosition.end()) << "problem " << id << " is not in the data";
     const testdata::TRow& row = found->second;
-    EXPECT_EQ(problem->stipulation.Moves(), std::stoi(row.at("n"))) << id;
     EXPECT_TRUE(problem->HasFlag(option::kAnswerGiven)) << id;
     std::vector<std::uint32_t> expected, read;
     for (const std::string& key : testdata::Split(row.at("keys"), ",")) {

@@ -1,5 +1,6 @@
-// Solving from the window: F5 on a mate in 2, a long solve stopped from the Start button, a
-// window closed while it solves, and the status line composed from the session's snapshot.
+// Solving from the window: F5 on a mate in 2 and on a selfmate, a long solve stopped from
+// the Start button, a window closed while it solves, and the status line composed from the
+// session's snapshot.
 #include <QElapsedTimer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -37,7 +38,16 @@ TProblemCollection ReadSample() {
 class CSolvingWindowTest : public QObject {
   Q_OBJECT
  private Q_SLOTS:
-  void SolvesAMateInTwoWithF5() {
+  void SolvesWithF5_data() {
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("moves");  // 0: any
+    QTest::newRow("mate in 2") << TStipulation::kDirectMate << 2;
+    QTest::newRow("selfmate") << TStipulation::kSelfmate << 0;
+  }
+  // The first sample problem of the kind with a recorded answer.
+  void SolvesWithF5() {
+    QFETCH(int, type);
+    QFETCH(int, moves);
     auto window = OpenSampleWindow();
     QVERIFY(window);
     window->activateWindow();
@@ -45,7 +55,8 @@ class CSolvingWindowTest : public QObject {
     const TProblemCollection sample = ReadSample();
     const TProblem* chosen = nullptr;
     for (const auto& [id, problem] : sample.Problems())
-      if (problem->stipulation.Moves() == 2 && !problem->answer.empty()) {
+      if (problem->stipulation.type == type &&
+          (moves == 0 || problem->stipulation.Moves() == moves) && !problem->answer.empty()) {
         chosen = problem.get();
         break;
       }
