@@ -345,9 +345,7 @@ void RunSolve(const TSolveArguments& args) {
   });
   if (mpi && !mpi->IsLeader()) {
     // The other ranks of the job print nothing: they solve the first moves the leader gives.
-    for (const TProblem* problem : problems)
-      if (problem->stipulation.type == TStipulation::kDirectMate)
-        mpi->Solve(session, OrderOf(*problem, args, threads));
+    for (const TProblem* problem : problems) mpi->Solve(session, OrderOf(*problem, args, threads));
     return;
   }
   const auto start = std::chrono::steady_clock::now();

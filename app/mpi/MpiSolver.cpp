@@ -210,11 +210,14 @@ CMpiSolver::~CMpiSolver() {
 
 std::unique_ptr<SolvingRequest> CMpiSolver::Solve(CSolvingSession& session,
                                                   const TSolveOrder& order) {
-  // The moves shared are those of the position as given; a mirror-only problem has none.
-  if (order.pProblem->HasFlag(option::kMirrorOnly)) {
+  // The moves shared are White's first moves of a direct mate as given: every rank skips
+  // the other problems alike.
+  const TProblem& problem = *order.pProblem;
+  if (problem.stipulation.type != TStipulation::kDirectMate ||
+      problem.HasFlag(option::kMirrorOnly)) {
     if (!IsLeader()) return nullptr;
     auto pass = PassOf(session, order);
-    pass->result.sError = "MIRRORONLY: --mpi solves the position as given only";
+    pass->result.sError = "--mpi shares the first moves of direct mates as given only";
     pass->MarkDone();
     return pass;
   }
