@@ -15,16 +15,16 @@
 struct TShareResult {
   bool bKey = false;  // every Black reply is mated in time
   std::uint64_t nPositions = 0;
-  bool bStopped = false;  // the solve was told to stop before it finished
-  std::string sError;     // what made the solve fail, empty when it did not
+  bool bStopped = false;    // the solve was told to stop before it finished
+  std::string sError = {};  // what made the solve fail, empty when it did not
 };
 
 struct TSharesOutcome {
   MateResult result = mate::kNoMate;  // kMate when a key was found
-  std::vector<TMove> keys;            // in the order of the first moves, at most those wanted
+  std::vector<TMove> keys = {};       // in the order of the first moves, at most those wanted
   std::uint64_t nPositions = 0;       // of every move settled
   bool bStopped = false;              // a move was stopped before its end
-  std::string sError;                 // the first failure
+  std::string sError = {};            // the first failure
 };
 
 class CFirstMoveShares {

@@ -7,8 +7,11 @@
 #include <optional>
 #include <vector>
 
+#include "SolvingSessionHelpers.h"
 #include "app/FenProblem.h"
 #include "app/FirstMoveShares.h"
+#include "app/SolvingSession.h"
+#include "core/Notation.h"
 
 namespace {
 
@@ -79,6 +82,39 @@ TEST(FirstMoveShares, AStoppedOrFailedMoveEndsTheHandingOut) {
     EXPECT_EQ(outcome.bStopped, failure.bStopped);
     EXPECT_EQ(outcome.sError, failure.sError);
     EXPECT_EQ(outcome.keys.size(), 1u);
+  }
+}
+
+// What one rank does with its share: the problem solved with one first move, or a few, on
+// the position as given and its mirror (two keys, Ka6-b6 and Ne8-c7, among 7 first moves).
+TEST(FirstMoveShares, ASolveRestrictedToSomeFirstMovesFindsTheirKeysOnly) {
+  const auto problem = DirectMateFromFen("k3N3/P7/K6p/8/8/8/8/8", 2);
+  const struct {
+    std::vector<std::string> moves;
+    bool bMirror;
+    std::vector<std::string> keys;
+  } cases[] = {
+      {{"Ka6-b6"}, false, {"Ka6-b6"}},
+      {{"Ne8-d6"}, false, {}},
+      {{"Ne8-d6", "Ne8-c7"}, false, {"Ne8-c7"}},
+      {{"Ne8-c7"}, true, {"Ne8-c7"}},  // the mirrored pass is not restricted
+  };
+  CSolvingSession session(sessiontest::TestOptions());
+  for (const auto& c : cases) {
+    std::vector<TMove> moves;
+    for (const std::string& text : c.moves)
+      moves.push_back(notation::FullDescriptionToMove(text, true));
+    ASSERT_EQ(session.Start({.pProblem = problem.get(),
+                             .bFindAll = true,
+                             .threads = TThreadSettings{2, 1},
+                             .bMirrorSwitch = c.bMirror,
+                             .onlyFirstMoves = moves}),
+              std::nullopt);
+    session.Wait({.bQuiet = true});
+    EXPECT_EQ(session.Requests().front()->result.keyTexts, c.keys) << c.moves.front();
+    ASSERT_EQ(session.Requests().size(), c.bMirror ? 2u : 1u);
+    EXPECT_EQ(session.Requests().back()->result.nSolutions,
+              c.bMirror ? 2 : static_cast<int>(c.keys.size()));
   }
 }
 
