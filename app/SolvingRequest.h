@@ -50,6 +50,7 @@ struct SolvingRequest {
   int nMirrorPass = 0;  // 0: the position as given, 1: mirrored left to right
   std::vector<THeuristicSet> heuristicPasses;  // 1, 1b, 1c ...; none: pass 2 alone
   bool bPass2 = true;                          // the pass without heuristics runs
+  std::vector<TMove> onlyFirstMoves;           // the first moves searched, all when empty
 
   TSolvingResult result;  // written by the solving thread before it marks the request done
 

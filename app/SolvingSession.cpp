@@ -118,6 +118,9 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                   .bMirrorSwitch = order.bMirrorSwitch,
                                   .heuristics = order.heuristics,
                                   .bPass2 = order.bPass2});
+  // The moves name squares of the position as given, not of its mirror.
+  for (const auto& request : requests)
+    if (request->nMirrorPass == 0) request->onlyFirstMoves = order.onlyFirstMoves;
   PrepareTablebase(problem);
   if (tempRegister) {
     const bool bReadForThis =
@@ -195,7 +198,8 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .bPass2 = request.bPass2,
         .bQuickMode = !request.bSafeMode,
         .nFirstPassMs = heuristicplan::kFirstPassMs,
-        .bStopRelaxingOnFirstSolution = request.pProblem->bStopRelaxingOnFirstSolution};
+        .bStopRelaxingOnFirstSolution = request.pProblem->bStopRelaxingOnFirstSolution,
+        .onlyFirstMoves = request.onlyFirstMoves};
     CMateSolver solver(request.board, request.pProblem->stipulation.Moves(), solverSettings);
     Record(Supervise(solver, request, start), request);
   } catch (const std::exception& error) {

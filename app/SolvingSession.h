@@ -42,6 +42,9 @@ struct TSolveOrder {
   std::optional<heuristicchoice::TNamedSet> heuristics = std::nullopt;
   bool bPass2 = true;                             // run the pass without heuristics
   std::optional<bool> bQuickMode = std::nullopt;  // the QuickMode setting when not given
+  // The first moves the pass of the position as given searches, all when empty; a share of
+  // the problem when several machines solve it together.
+  std::vector<TMove> onlyFirstMoves = {};
 };
 
 inline constexpr int kNoTimeLimit = -1;

@@ -25,6 +25,7 @@
 #include "app/Startup.h"
 #include "app/ThreadCountLabel.h"
 #include "app/ThreadSettings.h"
+#include "app/mpi/MpiSolver.h"
 #include "app/platform/InterruptWatch.h"
 #include "cli/Commands.h"
 #include "cli/ProgramLifetime.h"
@@ -58,6 +59,7 @@ struct TSolveArguments {
   bool bJson = false;
   std::string readRegister;  // the temporary register file read before the solve
   std::string saveRegister;  // where the temporary register is saved after it
+  bool bMpi = false;         // first moves shared over the ranks of an MPI job
 };
 
 [[noreturn]] void BadInput(const std::string& text) {
@@ -100,8 +102,8 @@ void PrintAnswerCheck(const SolvingRequest& request) {
 }
 
 // Prints what each pass of the solve that just ended found.
-void PrintPasses(const CSolvingSession& session) {
-  for (const auto& request : session.Requests()) {
+void PrintPasses(const std::vector<std::unique_ptr<SolvingRequest>>& requests) {
+  for (const auto& request : requests) {
     const TSolvingResult& result = request->result;
     if (!result.bRun) continue;
     PrintPass(*request, CompletionReport(Options().nLanguageId, request->Label(), result));
@@ -122,9 +124,9 @@ std::optional<bool> QuickModeArgument(const TSolveArguments& args) {
 
 // Prints the whole solution of the keys the pass of the position as given found: as text,
 // or as one line of JSON.
-void PrintSolutionTrees(const CSolvingSession& session, const TProblem& problem,
-                        const TSolveArguments& args) {
-  for (const auto& request : session.Requests()) {
+void PrintSolutionTrees(const std::vector<std::unique_ptr<SolvingRequest>>& requests,
+                        const TProblem& problem, const TSolveArguments& args) {
+  for (const auto& request : requests) {
     const TSolvingResult& result = request->result;
     if (request->nMirrorPass != 0 || !result.sError.empty() || result.keys.empty()) continue;
     if (problem.stipulation.type != TStipulation::kDirectMate) {
@@ -165,33 +167,19 @@ bool SaveRegisterFile(CSolvingSession& session, const TProblem& problem,
   return saved.bDone;
 }
 
-// Solves one problem and prints what its passes found.
-void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolveArguments& args,
-                  const std::optional<TThreadSettings>& threads, CSolveTally& tally) {
-  const std::string title =
-      "Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text();
-  if (problem.stipulation.type == TStipulation::kMoveLine) {
-    std::printf("Problem %d skipped: no stipulation to solve\n\n", problem.id);
-    tally.CountSkipped();
-    return;
-  }
-  if (!ReadRegisterFile(session, problem, args)) {
-    std::printf("%s: not solved\n\n", title.c_str());
-    tally.Count({.end = EProblemEnd::Failed});
-    return;
-  }
-  if (const auto refusal = session.Start({.pProblem = &problem,
-                                          .bFindAll = args.bAll,
-                                          .threads = threads,
-                                          .bMirrorSwitch = args.bMirror,
-                                          .heuristics = HeuristicsArgument(args.heuristics),
-                                          .bPass2 = !args.bNoPass2,
-                                          .bQuickMode = QuickModeArgument(args)})) {
-    std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
-    tally.Count({.end = EProblemEnd::Failed});
-    return;
-  }
-  const SolvingRequest& first = *session.Requests().front();
+TSolveOrder OrderOf(const TProblem& problem, const TSolveArguments& args,
+                    const std::optional<TThreadSettings>& threads) {
+  return {.pProblem = &problem,
+          .bFindAll = args.bAll,
+          .threads = threads,
+          .bMirrorSwitch = args.bMirror,
+          .heuristics = HeuristicsArgument(args.heuristics),
+          .bPass2 = !args.bNoPass2,
+          .bQuickMode = QuickModeArgument(args)};
+}
+
+// The problem's title with its threads and notes, and the heuristic passes planned.
+void PrintHeader(const std::string& title, const TProblem& problem, const SolvingRequest& first) {
   std::printf(
       "%s: %s%s\n", title.c_str(),
       ThreadCountLabel(first.threads.nThreads, ThreadLabelModeOf(first.solvingMode)).c_str(),
@@ -206,10 +194,51 @@ void SolveProblem(CSolvingSession& session, const TProblem& problem, const TSolv
             .c_str(),
         heuristicset::Describe(first.heuristicPasses[i]).c_str());
   std::fflush(stdout);
+}
+
+// The leader of an MPI job prints the problem once every rank has done its share.
+void SolveProblemOverMpi(CSolvingSession& session, CMpiSolver& mpi, const TProblem& problem,
+                         const TSolveArguments& args, const std::optional<TThreadSettings>& threads,
+                         CSolveTally& tally) {
+  std::vector<std::unique_ptr<SolvingRequest>> passes;
+  passes.push_back(mpi.Solve(session, OrderOf(problem, args, threads)));
+  PrintHeader("Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text(), problem,
+              *passes.front());
+  std::printf("First moves shared over %d MPI ranks\n", mpi.Ranks());
+  PrintPasses(passes);
+  if (args.bTree || args.bJson) PrintSolutionTrees(passes, problem, args);
+  tally.Count(ProblemOutcome(passes, false));
+  std::printf("\n");
+  std::fflush(stdout);
+}
+
+// Solves one problem and prints what its passes found.
+void SolveProblem(CSolvingSession& session, CMpiSolver* mpi, const TProblem& problem,
+                  const TSolveArguments& args, const std::optional<TThreadSettings>& threads,
+                  CSolveTally& tally) {
+  const std::string title =
+      "Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text();
+  if (problem.stipulation.type == TStipulation::kMoveLine) {
+    std::printf("Problem %d skipped: no stipulation to solve\n\n", problem.id);
+    tally.CountSkipped();
+    return;
+  }
+  if (mpi) return SolveProblemOverMpi(session, *mpi, problem, args, threads, tally);
+  if (!ReadRegisterFile(session, problem, args)) {
+    std::printf("%s: not solved\n\n", title.c_str());
+    tally.Count({.end = EProblemEnd::Failed});
+    return;
+  }
+  if (const auto refusal = session.Start(OrderOf(problem, args, threads))) {
+    std::printf("%s: %s\n\n", title.c_str(), refusal->c_str());
+    tally.Count({.end = EProblemEnd::Failed});
+    return;
+  }
+  PrintHeader(title, problem, *session.Requests().front());
   const EWaitOutcome waited = session.Wait(
       {.bQuiet = args.bQuiet || args.bShowPasses, .nTimeLimitSeconds = args.nTimeLimitSeconds});
-  PrintPasses(session);
-  if (args.bTree || args.bJson) PrintSolutionTrees(session, problem, args);
+  PrintPasses(session.Requests());
+  if (args.bTree || args.bJson) PrintSolutionTrees(session.Requests(), problem, args);
   // A register that could not be saved fails the problem: what was asked for is not there.
   const bool bSaved = SaveRegisterFile(session, problem, args);
   tally.Count(bSaved ? ProblemOutcome(session.Requests(), waited == EWaitOutcome::TimedOut)
@@ -267,6 +296,17 @@ void CheckSource(const TSolveArguments& args) {
   if ((!args.readRegister.empty() || !args.saveRegister.empty()) && args.fen.empty() &&
       args.problemIds.size() != 1)
     BadInput("--read-register and --save-register go with one problem: --fen or one --problem");
+  if (args.bMpi && (args.bMirror || args.nTimeLimitSeconds != kNoTimeLimit ||
+                    !args.readRegister.empty() || !args.saveRegister.empty()))
+    BadInput("--mpi goes without --mirror, --time-limit, --read-register and --save-register");
+}
+
+void JoinMpi(std::optional<CMpiSolver>& mpi) {
+  try {
+    mpi.emplace();
+  } catch (const std::runtime_error& error) {
+    BadInput(error.what());
+  }
 }
 
 std::optional<TThreadSettings> ThreadsArgument(const std::string& text) {
@@ -283,6 +323,8 @@ void RunSolve(const TSolveArguments& args) {
     BadInput("--heuristics: cannot read " + named->sError);
   if (args.bQuick && args.bSafe) BadInput("--quick and --safe exclude each other");
   const std::optional<TThreadSettings> threads = ThreadsArgument(args.threads);
+  std::optional<CMpiSolver> mpi;
+  if (args.bMpi) JoinMpi(mpi);
   for (const std::string& warning : ReadOptions()) std::cerr << warning << "\n";
   if (args.bLogMoves) Options().bLogMoves = true;
   CProgramLifetime lifetime;
@@ -310,10 +352,17 @@ void RunSolve(const TSolveArguments& args) {
     nSignal = n;
     session.Interrupt();
   });
+  if (mpi && !mpi->IsLeader()) {
+    // The other ranks of the job print nothing: they solve the first moves the leader gives.
+    for (const TProblem* problem : problems) mpi->Solve(session, OrderOf(*problem, args, threads));
+    return;
+  }
   const auto start = std::chrono::steady_clock::now();
   CSolveTally tally;
+  // The ranks of a job go through every problem together, an interrupted one included.
   for (const TProblem* problem : problems)
-    if (!session.IsInterrupted()) SolveProblem(session, *problem, args, threads, tally);
+    if (mpi || !session.IsInterrupted())
+      SolveProblem(session, mpi ? &*mpi : nullptr, *problem, args, threads, tally);
   const auto nSeconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start)
           .count();
@@ -368,5 +417,8 @@ void AddSolveCommand(CLI::App& app) {
                       "start from the temporary register saved in this file");
   command->add_option("--save-register", args->saveRegister,
                       "save the temporary register to this file after the solve");
+  command->add_flag("--mpi", args->bMpi,
+                    "share the first moves over the ranks of an MPI job: mpirun -n K longmate "
+                    "solve FILE --mpi");
   command->callback([args] { RunSolve(*args); });
 }

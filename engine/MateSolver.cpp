@@ -71,8 +71,9 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
   // Under heuristics a repeated position ends its line at once; the pass without them cuts
   // only in quick mode or when asked.
   context.bCutRepetitions = next.nPass == 1 || settings.bQuickMode || bRepetitionCutAsked;
-  auto search = std::make_unique<CRootSearch>(
-      context, root, WorkerCount(settings.nThreads, settings.nLevels), settings.bShareFirstMoves);
+  auto search =
+      std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
+                                    settings.bShareFirstMoves, settings.onlyFirstMoves);
   search->SetHooks(settings.hooks);
   current.store(search.get());
   const std::lock_guard lock(passMutex);

@@ -66,6 +66,8 @@ class CMateSolver {
     int nFirstPassMs = 0;
     // Once a pass under heuristics found a key, go on with the pass without them.
     bool bStopRelaxingOnFirstSolution = false;
+    // The first moves searched; all when empty (see CRootSearch).
+    std::vector<TMove> onlyFirstMoves = {};
   };
 
   // t^L, the number of worker threads, within what one process sensibly runs.

@@ -9,7 +9,7 @@
 #include "engine/ThreadSettings.h"
 
 CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBoard, int nThreads,
-                         bool bShare)
+                         bool bShare, const std::vector<TMove>& onlyFirstMoves)
     : context(searchContext),
       root(rootBoard),
       bShareFirstMoves(bShare),
@@ -22,6 +22,10 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
   const TMoveIndex* order;
   const int n = searches[0]->OrderedWhiteChildren(root, made, order);
   for (int i = 0; i < n; ++i) {
+    const TMove move = made[order[i]].lastMove;
+    if (!onlyFirstMoves.empty() &&
+        std::ranges::none_of(onlyFirstMoves, [move](TMove m) { return m.SameMove(move); }))
+      continue;
     queue.Add(made[order[i]]);
     firstMoves.push_back(made[order[i]].lastMove);
   }

@@ -45,8 +45,10 @@ struct TRootHooks {
 class CRootSearch {
  public:
   // With bShareFirstMoves false every first move stays with the one thread that took it.
+  // Given onlyFirstMoves, the other first moves are left out, as when several machines
+  // share a problem's first moves.
   CRootSearch(SearchContext& context, const TChessboard& root, int nThreads,
-              bool bShareFirstMoves = true);
+              bool bShareFirstMoves = true, const std::vector<TMove>& onlyFirstMoves = {});
   void SetHooks(TRootHooks rootHooks) { hooks = std::move(rootHooks); }
   // Stops after nMaxSolutions keys (0: all solutions), the first ones in the order of
   // analysis. Blocks until every worker ended; rethrows what a worker threw.

@@ -7,11 +7,9 @@
 
 #include "core/ChessException.h"
 #include "core/Fen.h"
-#include "core/MoveGeneration.h"
-#include "core/MoveMaking.h"
-#include "core/ShortAlgebraic.h"
 #include "problems/ForeignFormat.h"
 #include "problems/ProblemFileError.h"
+#include "problems/ShortKeys.h"
 
 namespace epdformat {
 namespace {
@@ -120,14 +118,7 @@ void ReadLine(std::string_view line, std::size_t offset, int nDefaultMoves,
   if (description.empty() && !Number(idText)) description = idText;
   auto problem = NewImportedProblem(*id, *stipulation, board);
   problem->description = description;
-  if (keys) {
-    for (const std::string& key : *keys) {
-      const auto move = shortalgebraic::TextToMove(problem->start, key);
-      if (!move) FailAt(offset, "Not a legal move of the position: " + key);
-      problem->answer.push_back(*move);
-    }
-    problem->options |= option::kAnswerGiven;
-  }
+  if (keys) shortkeys::Read(*keys, offset, *problem);
   collection.Put(std::move(problem));
 }
 
@@ -159,20 +150,8 @@ std::string Write(const TProblemCollection& collection, std::vector<std::string>
     out += placement + " " + side + " " + castling + " " + enPassant;
     const bool bSelfmate = problem->stipulation.type == TStipulation::kSelfmate;
     out += (bSelfmate ? " sm " : " dm ") + std::to_string(problem->stipulation.Moves()) + ";";
-    if (problem->HasFlag(option::kAnswerGiven)) {
-      std::string keys;
-      for (const TMove& key : problem->answer) {
-        TMove legal;
-        TChessboard child;
-        if (!movegen::FindPieceMove(problem->start, key, &legal) ||
-            !movemaking::MakeSuccessor(problem->start, legal, child)) {
-          warnings.push_back(name + "a key that is not a move of the position is left out");
-          continue;
-        }
-        keys += " " + shortalgebraic::MoveToText(problem->start, legal);
-      }
-      out += " bm" + keys + ";";
-    }
+    if (problem->HasFlag(option::kAnswerGiven))
+      out += " bm" + shortkeys::Write(*problem, warnings) + ";";
     out += " id \"" + std::to_string(id) + "\";";
     if (!problem->description.empty()) {
       std::string description = problem->description;

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only when something is missing.
-# Usage: scripts/install-deps.sh [--bench] [--fuzz]
+# Usage: scripts/install-deps.sh [--bench] [--fuzz] [--gui] [--mpi]
 #   --bench: also Google Benchmark and liblz4 (the codec benchmark's baseline), for bench/
 #   --fuzz:  also clang and its runtime libraries (libFuzzer, sanitizers), for scripts/fuzz.sh
 #   --gui:   also Qt 6 Widgets for longmate-gui, and Xvfb for its tests and screenshots
+#   --mpi:   also Open MPI, for solve --mpi (cmake -DLONGMATE_MPI=ON)
 set -euo pipefail
 # gaviotatb, libgaviotatb-dev and zlib1g-dev: the oracle of the endgame-table tests only.
 # librsvg2-dev and the DejaVu fonts: diagrams drawn as PNG.
@@ -15,6 +16,7 @@ for option in "$@"; do
     --fuzz) packages+=(clang libclang-rt-dev) ;;
     --gui) packages+=(qt6-base-dev qt6-svg-dev qt6-l10n-tools qt6-tools-dev xvfb xauth
       fonts-dejavu-core) ;;
+    --mpi) packages+=(libopenmpi-dev openmpi-bin) ;;
     *) echo "Unknown option: $option" >&2; exit 2 ;;
   esac
 done

@@ -45,13 +45,52 @@ TEST(ForeignFormat, SampleCollectionSurvivesARoundTrip) {
     EXPECT_EQ(Essences(Imported(exported.text, format), true), Essences(sample, true))
         << exported.text;
   }
-  // A FEN list keeps the positions alone.
+  // A FEN list keeps everything but the descriptions.
   const TExportResult list = ExportText(sample, EProblemFormat::kFenList);
-  const TProblemCollection positions = Imported(list.text, EProblemFormat::kFenList, 2);
-  ASSERT_EQ(positions.Size(), sample.Size());
-  auto original = sample.Problems().begin();
-  for (const auto& [id, problem] : positions.Problems())
-    EXPECT_EQ(fen::WriteShortFen(problem->start), fen::WriteShortFen((original++)->second->start));
+  EXPECT_EQ(list.warnings.size(), 1u);
+  EXPECT_EQ(Essences(Imported(list.text, EProblemFormat::kFenList), false), Essences(sample, false))
+      << list.text;
+}
+
+// Every format keeps the stipulation, long ones and selfmates included, and the answer: none
+// recorded, known to have no key, one key or several.
+TEST(ForeignFormat, StipulationsAndAnswersSurviveEveryFormat) {
+  const char* stipulations[] = {"#1", "#2", "#3", "#7", "#12", "s#1", "s#2", "s#5"};
+  const char* answers[] = {nullptr, "", "Qh5-a5", "Qh5-a5, Ne3-c4"};
+  std::string cp = problemwriter::kFileHeader;
+  int id = 0;
+  for (const char* stipulation : stipulations)
+    for (const char* answer : answers) {
+      cp += "\n" + std::to_string(++id) + " " + stipulation +
+            "\n{\n\tFEN: 2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n";
+      if (answer) cp += std::string("\tAnswer: ") + answer + "\n";
+      cp += "}\n";
+    }
+  TProblemCollection collection;
+  const auto error = collection.ReadText(cp, "table.cp");
+  ASSERT_FALSE(error) << error->Describe();
+  for (const auto format :
+       {EProblemFormat::kPopeye, EProblemFormat::kEpd, EProblemFormat::kFenList}) {
+    const TExportResult exported = ExportText(collection, format);
+    EXPECT_TRUE(exported.warnings.empty()) << exported.warnings.front();
+    EXPECT_EQ(Essences(Imported(exported.text, format), false), Essences(collection, false))
+        << exported.text;
+  }
+}
+
+TEST(ForeignFormat, FenLinesOfOtherPrograms) {
+  const TProblemCollection collection = Imported(
+      "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 w - - 0 1\n"
+      "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8\n"
+      "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 w - - s#4\n"
+      "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 w - - 0 1 #3 Answer: Qa5, Nc4\n",
+      EProblemFormat::kFenList, 2);
+  EXPECT_EQ(
+      Essences(collection, false),
+      (std::vector<std::string>{"2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 #2 keys:",
+                                "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 #2 keys:",
+                                "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 s#4 keys:",
+                                "2brrb2/8/p7/7Q/1p1kpPp1/1P1pN1K1/3P4/8 #3 keys: Qh5-a5 Ne3-c4"}));
 }
 
 // Selfmates with several keys, and the published keys of direct mates, through EPD's short
@@ -150,6 +189,8 @@ TEST(ForeignFormat, BadInputNamesItsLine) {
       {EProblemFormat::kFenList, "8/8/8/8/8/8/8/K6k #2\n\n8/8/8/9/8/8/8/K6k #2\n", 3,
        "Improper FEN"},
       {EProblemFormat::kFenList, "8/8/8/8/8/8/8/Kk6 #2\n", 1, "kings"},
+      {EProblemFormat::kFenList, "8/8/8/8/8/8/8/K6k #2\n8/8/8/8/8/8/8/K6k #2 Answer: Kb3\n", 2,
+       "Not a legal move"},
   };
   for (const auto& c : cases) {
     TProblemCollection collection;
@@ -170,7 +211,8 @@ TEST(ForeignFormat, WhatAFormatCannotHoldIsReported) {
   const TExportResult epd = ExportText(collection, EProblemFormat::kEpd);
   EXPECT_EQ(epd.warnings.size(), 2u);  // the key names no piece of the diagram; the quotes
   EXPECT_NE(epd.text.find("c0 \"say 'hi'\""), std::string::npos) << epd.text;
-  EXPECT_EQ(ExportText(collection, EProblemFormat::kFenList).warnings.size(), 1u);
+  // The key again, and the description.
+  EXPECT_EQ(ExportText(collection, EProblemFormat::kFenList).warnings.size(), 2u);
   EXPECT_EQ(FormatFromFileName("a/b.EPD"), EProblemFormat::kEpd);
   EXPECT_EQ(FormatFromFileName("problems.cp"), std::nullopt);
 }

@@ -149,14 +149,12 @@ class CFileCommandsTest : public QObject {
 
   void SavesAndOpensTheOtherProgramsFormats_data() {
     QTest::addColumn<QString>("extension");
-    QTest::addColumn<bool>("stipulationKept");  // a FEN list holds positions only
-    QTest::newRow("epd") << "epd" << true;
-    QTest::newRow("fen") << "fen" << false;
-    QTest::newRow("pop") << "pop" << true;
+    QTest::newRow("epd") << "epd";
+    QTest::newRow("fen") << "fen";
+    QTest::newRow("pop") << "pop";
   }
   void SavesAndOpensTheOtherProgramsFormats() {
     QFETCH(QString, extension);
-    QFETCH(bool, stipulationKept);
     auto window = OpenSampleWindow();
     QVERIFY(window);
     const TProblemCollection sample = ReadSample();
@@ -173,8 +171,7 @@ class CFileCommandsTest : public QObject {
     for (int id = window->CurrentId(); window->GoToProblem(id); ++id, ++nShown) {
       const TProblem& original = *std::next(sample.Problems().begin(), nShown)->second;
       QCOMPARE(ShownFen(*window), FenOf(original));
-      QCOMPARE(window->CurrentProblem()->stipulation.Text(),
-               stipulationKept ? original.stipulation.Text() : std::string("#2"));
+      QCOMPARE(window->CurrentProblem()->stipulation.Text(), original.stipulation.Text());
     }
     QCOMPARE(nShown, static_cast<int>(sample.Size()));
   }
