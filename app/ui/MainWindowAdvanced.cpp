@@ -43,7 +43,9 @@ void CMainWindow::ApplyOptions(const COptionsDialog& dialog) {
   Options() = dialog.Chosen();
   DeriveMemoryQuotas(platform::TotalPhysicalMemoryBytes(), Options());
   threads = dialog.ChosenThreads();
-  WriteOptions();  // a file that cannot be written keeps the settings for this run only
+  // A file that cannot be written keeps the settings for this run only, and says why.
+  if (const auto error = WriteOptions())
+    ShowMessage(WindowText("Information"), QString::fromStdString(*error));
   if (IsSolving() || task->IsRunning())  // the session in use stays until it is free
     bSolverOutdated = true;
   else
