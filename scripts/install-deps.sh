@@ -14,7 +14,7 @@ for option in "$@"; do
   case "$option" in
     --bench) packages+=(libbenchmark-dev liblz4-dev pkg-config) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
-    --gui) packages+=(qt6-base-dev qt6-svg-dev qt6-l10n-tools qt6-tools-dev xvfb xauth
+    --gui) packages+=(qt6-base-dev qt6-svg-dev qt6-l10n-tools qt6-tools-dev qt6-translations-l10n xvfb xauth
       fonts-dejavu-core) ;;
     --mpi) packages+=(libopenmpi-dev openmpi-bin) ;;
     *) echo "Unknown option: $option" >&2; exit 2 ;;

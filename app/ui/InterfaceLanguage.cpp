@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTranslator>
@@ -21,6 +22,12 @@ constexpr const char* kSourceText = "sourceText";
 constexpr const char* kSourceToolTip = "sourceToolTip";
 
 QTranslator& Translator() {
+  static QTranslator translator;
+  return translator;
+}
+
+// Qt's own texts (the standard buttons of dialogs, the file dialogs), from Qt's translations.
+QTranslator& QtTranslator() {
   static QTranslator translator;
   return translator;
 }
@@ -45,6 +52,11 @@ void InstallTranslation(int nLanguageId) {
                                         : nullptr;
   if (name != nullptr && Translator().load(name))
     QCoreApplication::installTranslator(&Translator());
+  QCoreApplication::removeTranslator(&QtTranslator());
+  const char* qtName = nLanguageId == 0 ? "qtbase_pl" : nLanguageId == 2 ? "qtbase_uk" : nullptr;
+  if (qtName != nullptr &&
+      QtTranslator().load(qtName, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&QtTranslator());
 }
 
 bool StoreLanguageId(int nLanguageId, const std::filesystem::path& iniFile) {
