@@ -11,6 +11,7 @@
 #include "app/ui/BackgroundTask.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
+#include "app/ui/SideTask.h"
 #include "app/ui/SolveController.h"
 #include "core/Notation.h"
 
