@@ -25,6 +25,7 @@ class CSideTask;
 class CBoardView;
 class CProblemSearch;
 class COptionsDialog;
+struct TSearchResult;
 class CPiecePalette;
 class CSolveController;
 class CStepControl;
@@ -292,7 +293,8 @@ class CMainWindow : public QMainWindow {
   void OfferSearchCommands();
   void ShowSearchDialog();
   void SearchStep();
-  void ShowSearchResult();
+  void FinishSearchSteps();
+  void ShowSearchResult(const TSearchResult& result);
   void OfferSolvingExtras();
   void ShowBoardMenu(const QPoint& where);
   // The progress area goes from its normal size to the whole column (the move list hidden),
@@ -347,7 +349,6 @@ class CMainWindow : public QMainWindow {
   std::shared_ptr<CProblemSearch> search;  // the search going on in steps
   std::vector<int> foundIds;               // the problems of the last search, in order
   std::vector<int> pendingIds;             // the problems a search in steps has not seen yet
-  bool bSimilarFound = false;
   QWidget* searchProgress = nullptr;
   CSideTask* sideTask = nullptr;  // the solution tree or the best defence
   bool bTreeAfterSolve = false;

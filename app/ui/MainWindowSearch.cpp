@@ -73,12 +73,8 @@ QString CMainWindow::FindProblems(const TSearchCriteria& criteria) {
     return WindowText("The search was not started.");
   search = std::make_shared<CProblemSearch>(std::move(std::get<TSearchQuery>(checked)));
   foundIds.clear();
-  bSimilarFound = false;
   if (!bByHeuristics) {
-    const TSearchResult result = search->Run(collection);
-    for (const TSearchHit& hit : result.hits) foundIds.push_back(hit.pProblem->id);
-    bSimilarFound = result.bSimilarOnly;
-    ShowSearchResult();
+    ShowSearchResult(search->Run(collection));
     return {};
   }
   pendingIds.clear();
@@ -114,9 +110,7 @@ void CMainWindow::SearchStep() {
     QTimer::singleShot(0, this, &CMainWindow::SearchStep);
     return;
   }
-  delete searchProgress;
-  searchProgress = nullptr;
-  ShowSearchResult();
+  FinishSearchSteps();
 }
 
 bool CMainWindow::IsSearching() const {
@@ -127,16 +121,24 @@ bool CMainWindow::IsSearching() const {
 void CMainWindow::StopSearch() {
   if (!searchProgress) return;
   pendingIds.clear();
-  delete searchProgress;
-  searchProgress = nullptr;
-  ShowSearchResult();
+  FinishSearchSteps();
 }
 
-// The message with the count, the reports written, and the first problem found shown.
-void CMainWindow::ShowSearchResult() {
+// The problems a search in steps matched, still in the collection, make its result.
+void CMainWindow::FinishSearchSteps() {
+  delete searchProgress;
+  searchProgress = nullptr;
   TSearchResult result;
-  result.bSimilarOnly = bSimilarFound;
-  for (int id : foundIds) result.hits.push_back({collection.Find(id)});
+  for (int id : foundIds)
+    if (const TProblem* problem = collection.Find(id)) result.hits.push_back({problem});
+  ShowSearchResult(result);
+}
+
+// The set to walk, the reports written, the message with the count, and the first problem
+// found shown.
+void CMainWindow::ShowSearchResult(const TSearchResult& result) {
+  foundIds.clear();
+  for (const TSearchHit& hit : result.hits) foundIds.push_back(hit.pProblem->id);
   WriteSearchReports(std::filesystem::current_path(), search->Query(), result);
   ShowMessage(WindowText("Information"), LinesText(ResultLines(result)));
   if (!foundIds.empty()) GoToProblem(foundIds.front());
@@ -165,10 +167,9 @@ void CMainWindow::FindSimilarPositions() {
   if (!CurrentProblem() || IsSearching() || bSettingMode) return;
   TPlacement shown;
   std::copy(std::begin(line.Current().squares), std::end(line.Current().squares), shown.begin());
-  const auto hits = CProblemSearch::FindSimilar(shown, collection, nCurrentId);
+  TSearchResult result;
+  result.hits = CProblemSearch::FindSimilar(shown, collection, nCurrentId);
+  result.bSimilarOnly = !result.hits.empty();
   search = std::make_shared<CProblemSearch>(std::get<TSearchQuery>(CheckCriteria({})));
-  foundIds.clear();
-  for (const TSearchHit& hit : hits) foundIds.push_back(hit.pProblem->id);
-  bSimilarFound = !foundIds.empty();
-  ShowSearchResult();
+  ShowSearchResult(result);
 }

@@ -77,7 +77,14 @@ void CMainWindow::OfferSolvingExtras() {
         "bestDefenceThorough", {}, [this] { FindBestDefence(true); });
   Offer("Skip analysis of current move and go to the &next one", "skipMove", {},
         [this] { solver->ApplyManualCommand(EManualCommand::SkipToNextMove); });
-  if (QAction* skip = Action("skipMove")) skip->setEnabled(Options().bEnableManualEngineControl);
+  // Greyed while the settings keep the manual engine commands off; they may change meanwhile.
+  if (QAction* skip = Action("skipMove")) {
+    skip->setEnabled(Options().bEnableManualEngineControl);
+    for (QObject* holder : skip->associatedObjects())
+      if (auto* menu = qobject_cast<QMenu*>(holder))
+        connect(menu, &QMenu::aboutToShow, skip,
+                [skip] { skip->setEnabled(Options().bEnableManualEngineControl); });
+  }
   connect(board, &CBoardView::SquareClicked, this, [this](int, Qt::MouseButton button) {
     if (bSettingMode) return;
     if (button == Qt::MiddleButton) SolveWholeMainVariant();

@@ -1,6 +1,8 @@
 // The problem search from the window: the dialog's validation texts, the problems a search
 // selects and the walk through them with F3 and Shift+F3, similar positions, and the search by
 // heuristics with its question, its steps and its Stop.
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>

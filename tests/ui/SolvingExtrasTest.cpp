@@ -9,6 +9,7 @@
 #include <QTextBrowser>
 
 #include "UiTestMain.h"
+#include "app/Options.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/StepControl.h"
 #include "core/Fen.h"
@@ -122,6 +123,15 @@ class CSolvingExtrasTest : public QObject {
     QCOMPARE(QString::fromStdString(fen::WriteShortFen(shown.start)), ShownFen(*window));
     QCOMPARE(shown.stipulation.Moves(), window->CurrentProblem()->stipulation.Moves());
     QFile::remove(started.at(1));
+    // The main menu's entry follows the setting each time its menu opens.
+    QAction* skip = window->Action("skipMove");
+    QVERIFY(!skip->isEnabled());
+    Options().bEnableManualEngineControl = true;
+    auto* advanced = qobject_cast<QMenu*>(skip->associatedObjects().front());
+    QVERIFY(advanced);
+    Q_EMIT advanced->aboutToShow();
+    QVERIFY(skip->isEnabled());
+    Options().bEnableManualEngineControl = false;
     window->StopSolve();
     QVERIFY(reported.wait(kTaskTimeoutMs));
   }
