@@ -93,13 +93,16 @@ std::unique_ptr<TProblem> NewImportedProblem(int id, const TStipulation& stipula
 
 TStipulation ParseStipulationText(std::string_view text) {
   const bool bSelfmate = text.starts_with("s#") || text.starts_with("S#");
+  const auto unsupported = [text] {
+    return ChessException("Unsupported stipulation: " + std::string(text) +
+                          " (only #N and s#N are read)");
+  };
+  // Checked before the count is cut off: the text may be empty.
+  if (!bSelfmate && !text.starts_with('#')) throw unsupported();
   const std::string_view count = text.substr(bSelfmate ? 2 : 1);
   int nMoves = 0;
   const auto [end, error] = std::from_chars(count.data(), count.data() + count.size(), nMoves);
-  const bool bNumber = error == std::errc() && end == count.data() + count.size();
-  if ((!bSelfmate && !text.starts_with('#')) || !bNumber)
-    throw ChessException("Unsupported stipulation: " + std::string(text) +
-                         " (only #N and s#N are read)");
+  if (error != std::errc() || end != count.data() + count.size()) throw unsupported();
   if (nMoves < 1 || nMoves > TStipulation::kMaxMoves)
     throw ChessException("Improper number of moves: " + std::to_string(nMoves) + " (1 to " +
                          std::to_string(TStipulation::kMaxMoves) + ")");

@@ -1,8 +1,10 @@
 #include "problems/ProblemWriter.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
+#include "core/Blanks.h"
 #include "core/ChessException.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -61,9 +63,14 @@ void AppendHeader(std::string& out, const TProblem& p) {
 }
 
 void AppendDirectives(std::string& out, const TProblem& p) {
-  if (!p.tags.empty()) {
+  // Each tag as the reader will take it back (one line, trimmed, none empty), in the order of
+  // that form: tags ordered by their own text could change places on the next save.
+  std::set<std::string> tagLines;
+  for (const std::string& tag : p.tags)
+    if (const std::string line(text::Trim(OneLine(tag))); !line.empty()) tagLines.insert(line);
+  if (!tagLines.empty()) {
     out += "//#TAGS\n";
-    for (const std::string& tag : p.tags) out += "//#" + OneLine(tag) + "\n";
+    for (const std::string& line : tagLines) out += "//#" + line + "\n";
   }
   if (!p.variants.empty()) {
     out += "//!VARIANTS\n";

@@ -178,6 +178,8 @@ TEST(ForeignFormat, BadInputNamesItsLine) {
       {EProblemFormat::kPopeye, "BeginProblem\nStipulation #2\nPieces White Ke1 Black Ke8\n", 3,
        "EndProblem missing"},
       {EProblemFormat::kPopeye, "BeginProblem\nStipulation #200\n", 2, "Improper number of moves"},
+      {EProblemFormat::kPopeye, "BeginProblem\nStipulation", 2, "Unsupported stipulation"},
+      {EProblemFormat::kPopeye, "BeginProblem\nStipulation s#\n", 2, "Unsupported stipulation"},
       {EProblemFormat::kEpd, "8/8/8/8/8/8/8/K6k w - - dm 2;\n8/8/8/8/8/8/8/K6k b - - dm 2;\n", 2,
        "White to move"},
       {EProblemFormat::kEpd, "6k1/5ppp/8/8/8/8/8/R5K1 w - - dm 1; bm Rb8#;\n", 1,

@@ -238,4 +238,25 @@ TEST(RoundTrip, LineBreaksInTextsSetByTheProgramDoNotBreakTheFile) {
   EXPECT_EQ(p.tags, std::set<std::string>{"a  b"});
 }
 
+TEST(RoundTrip, TagsWithCarriageReturnsKeepTheirPlaceOnTheNextSave) {
+  // A lone carriage return inside a tag line is written as a blank, which sorts after it; tags
+  // that only differ by it, and blanks at the ends, collapse to one.
+  TProblemCollection collection;
+  ASSERT_FALSE(collection.ReadText("1 #2\n//#TAGS\n//#a\rz\n//#a y\n//#\ra y\r\n{\n\tFEN: " +
+                                       std::string(problemtest::kFen) + "\n}\n",
+                                   "cr.cp"));
+  auto problem = std::make_unique<TProblem>();
+  ASSERT_TRUE(fen::ReadFen(problem->start, problemtest::kFen));
+  problem->ResetLine();
+  problem->id = 2;
+  problem->tags = {" \r\n", " b", "a\rz"};
+  collection.Put(std::move(problem));
+  const std::string text = collection.WriteText();
+  EXPECT_NE(text.find("//#TAGS\n//#a y\n//#a z\n{"), std::string::npos) << text;
+  EXPECT_NE(text.find("//#TAGS\n//#a z\n//#b\n{"), std::string::npos) << text;
+  TProblemCollection again;
+  ASSERT_FALSE(again.ReadText(text, "again"));
+  EXPECT_EQ(again.WriteText(), text);
+}
+
 }  // namespace
