@@ -136,6 +136,29 @@ bool CFirstMoveQueue::RequeueCurrent(TRootTask::ERequeue how) {
   return false;
 }
 
+std::vector<TFirstMoveRecord> CFirstMoveQueue::Records() const {
+  const std::lock_guard lock(mutex);
+  std::vector<TFirstMoveRecord> records(tasks.size());
+  for (std::size_t i = 0; i < tasks.size(); ++i) {
+    const TRootTask& task = *tasks[i];
+    const bool bDone = task.state == TRootTask::kDone && !task.bDropped;
+    records[i] = {.bSettled = bDone && !task.bCutByStop, .result = task.result};
+  }
+  return records;
+}
+
+void CFirstMoveQueue::ResumeFrom(const std::vector<TFirstMoveRecord>& records) {
+  const std::lock_guard lock(mutex);
+  if (records.size() != tasks.size()) return;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (!records[i].bSettled) continue;
+    tasks[i]->state = TRootTask::kDone;
+    tasks[i]->result = records[i].result;
+    ++nDone;
+  }
+  ApplyCut();
+}
+
 std::vector<int> CFirstMoveQueue::Order() const {
   const std::lock_guard lock(mutex);
   return order;

@@ -49,6 +49,13 @@ class CFirstMoveQueue {
   void ResumeWorkers(int nWorkers);
   // Asks the thread of the current move to give it up; false when there is none.
   bool RequeueCurrent(TRootTask::ERequeue how);
+  // Per first move (sorted order), what the workers left once they have ended.
+  std::vector<TFirstMoveRecord> Records() const;
+  // Before the workers start, the next turn of the same pass: the moves settled by the earlier
+  // turn stay settled and are not searched again. The moves it was cut on keep their place:
+  // the sorted order puts the likely keys first, and a key that needs a long search would
+  // wait behind every hard move were they put last.
+  void ResumeFrom(const std::vector<TFirstMoveRecord>& records);
   // The order of analysis, for the outcome once the workers have ended.
   std::vector<int> Order() const;
 

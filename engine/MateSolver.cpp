@@ -100,11 +100,15 @@ TRootOutcome CMateSolver::Run() {
   CPassSchedule schedule(static_cast<int>(settings.heuristicPasses.size()), settings.bPass2,
                          settings.nFirstPassMs);
   TRootOutcome outcome;
+  // Per pass, what its last turn left of the first moves.
+  std::vector<std::vector<TFirstMoveRecord>> records(settings.heuristicPasses.size() + 1);
   bool bFirstTurn = true;
   while (const auto turn = schedule.Next()) {
     if (!bFirstTurn) BeginPass(PassOfTurn(turn->nIndex));
     bFirstTurn = false;
+    Current().ResumeFrom(records[turn->nIndex]);
     TRootOutcome passOutcome = RunPass(turn->time);
+    records[turn->nIndex] = Current().Records();
     Current().ReleaseBuffers();
     // Every key found is proven: the keys of earlier passes stand beside the new ones.
     for (const TMove key : outcome.keys)

@@ -129,7 +129,8 @@ void CRootSearch::Evaluate(int worker, int index) {
   // by a stop or given up has no result.
   if (task.child.ply != 0 && (result != mate::kDoubtful || task.bRefuted))
     search.LogResult(task.child, result);
-  const bool bCutByStop = result == mate::kDoubtful && context.run.IsStopping();
+  const bool bCutByStop =
+      result == mate::kDoubtful && (context.run.IsStopping() || context.bPassTimeUp.load());
   const bool bSettled = queue.Settle(index, result, bCutByStop);
   context.run.Notify();  // a move to take again, a cut, or the last move done
   if (bSettled && hooks.onMoveSettled) hooks.onMoveSettled(index, result);

@@ -58,6 +58,10 @@ class CRootSearch {
   void ReleaseBuffers();
 
   std::uint64_t Positions() const;
+  // What an ended turn left of each first move, and the next turn of the same pass picking it
+  // up (before Run).
+  std::vector<TFirstMoveRecord> Records() const { return queue.Records(); }
+  void ResumeFrom(const std::vector<TFirstMoveRecord>& records) { queue.ResumeFrom(records); }
   // Share of first moves finished, 0..1.
   double Progress() const { return queue.ShareDone(); }
   const std::vector<TMove>& FirstMoves() const { return firstMoves; }

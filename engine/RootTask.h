@@ -7,6 +7,12 @@
 #include "engine/MateResult.h"
 #include "engine/SplitPoint.h"
 
+// What one turn of a pass left of a first move for the pass's next turn.
+struct TFirstMoveRecord {
+  bool bSettled = false;  // result holds for the pass: the next turn need not search it again
+  MateResult result = mate::kNoMate;
+};
+
 // One first move of White and the Black node after it. The worker that takes the move
 // makes Black's replies and lays them out here; idle workers take replies from the same
 // list, so the proof of a key (every reply mated) is shared among the threads. The first
@@ -19,7 +25,7 @@ struct TRootTask {
   EState state = kPending;
   MateResult result = mate::kNoMate;  // final once state is kDone
   bool bDropped = false;    // not needed: enough keys come before it in the order of analysis
-  bool bCutByStop = false;  // settled as doubtful because the solve was stopped
+  bool bCutByStop = false;  // settled as doubtful because the solve or the turn was stopped
 
   std::vector<TChessboard> replies;  // ready once bRepliesReady is set
   std::atomic<bool> bRepliesReady{false};
