@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/FenScan.h"
+#include "app/FenCheck.h"
 #include "app/Options.h"
 #include "app/ProblemSearch.h"
 #include "app/SearchReport.h"
@@ -82,29 +82,14 @@ TProblemCollection ReadCollection(const std::string& file) {
 }
 
 // "--fens-from": every FEN of the other file, and the problems of this one that have it.
-void CheckFens(const TProblemCollection& collection, const std::string& other) {
+void PrintFenCheck(const TProblemCollection& collection, const std::string& other) {
   std::ifstream in(other, std::ios::binary);
   if (!in) BadInput("Cannot read " + other);
   std::stringstream text;
   text << in.rdbuf();
-  const std::vector<TFenFound> fens = FindFens(text.str());
-  int nFound = 0;
-  for (const TFenFound& fen : fens) {
-    TSearchCriteria criteria;
-    criteria.fen = fen.placement;
-    const auto checked = CheckCriteria(criteria);
-    std::string where = "not a position";
-    if (const auto* query = std::get_if<TSearchQuery>(&checked)) {
-      const CProblemSearch search(*query);
-      where.clear();
-      for (const auto& [id, problem] : collection.Problems())
-        if (search.Matches(*problem)) where += (where.empty() ? "" : ", ") + std::to_string(id);
-      nFound += !where.empty();
-      where = where.empty() ? "not found" : "problem " + where;
-    }
-    std::printf("line %d: %s: %s\n", fen.nLine, fen.placement.c_str(), where.c_str());
-  }
-  std::printf("%d of %zu FEN codes of %s found\n", nFound, fens.size(), other.c_str());
+  const TFenCheck check = CheckFens(collection, text.str());
+  for (const TFenCheckLine& line : check.lines) std::printf("%s\n", FenCheckLineText(line).c_str());
+  std::printf("%s\n", FenCheckSummary(check, other).c_str());
 }
 
 void PrintResult(const TSearchQuery& query, const TSearchResult& result) {
@@ -142,7 +127,7 @@ void RunFind(TFindArguments& args) {
   if (const auto* refusal = std::get_if<std::string>(&checked)) BadInput(*refusal);
   const TSearchQuery& query = std::get<TSearchQuery>(checked);
   const TProblemCollection collection = ReadCollection(args.file);
-  if (!args.fensFrom.empty()) return CheckFens(collection, args.fensFrom);
+  if (!args.fensFrom.empty()) return PrintFenCheck(collection, args.fensFrom);
   const TSearchResult result = args.similar.empty() ? CProblemSearch(query).Run(collection)
                                                     : FindSimilar(collection, args.similar);
   PrintResult(query, result);

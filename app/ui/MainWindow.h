@@ -46,7 +46,8 @@ enum class EFileQuestion {
   kAppend,
   kRemovePresent,
   kSaveRegister,
-  kReadRegister
+  kReadRegister,
+  kCheckFens
 };
 
 class CMainWindow : public QMainWindow {
@@ -156,6 +157,11 @@ class CMainWindow : public QMainWindow {
   bool IsTaskRunning() const;
   // The whole solution of the last "Solve and show whole main variant", as shown.
   QString SolutionTreeText() const { return treeText; }
+  // The identifier of the position shown, copied to the clipboard and shown.
+  QString ShowPositionId();
+  // Lists in the result area which FEN codes of a text file of any format are positions of
+  // the file's problems; returns the summary line, or the error when the file cannot be read.
+  QString CheckFensOf(const QString& path);
 
   // Asks for a line of text (title, prompt, the text to start with); nothing when dismissed.
   // An input dialog unless replaced.
@@ -303,6 +309,7 @@ class CMainWindow : public QMainWindow {
   void ShowSolutionTree();
   void OnSideTaskFinished(const QVariant& result, bool bStopped);
   void OfferHelpCommands();
+  void OfferPositionCommands();
   void ShowManual();
   void ShowDocument(const QString& resource, const QString& title, bool bMarkdown);
   void ShowThreads();

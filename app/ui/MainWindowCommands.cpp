@@ -37,6 +37,7 @@ void CMainWindow::OfferCommands() {
   OfferSearchCommands();
   OfferSolvingExtras();
   OfferHelpCommands();
+  OfferPositionCommands();
 }
 
 // As AddCommand does for a new entry: the key is a window shortcut.

@@ -152,6 +152,9 @@ QString CMainWindow::AskFile(EFileQuestion question) {
     case EFileQuestion::kReadRegister:
       return QFileDialog::getOpenFileName(this, WindowText("Read temporary register"), {},
                                           WindowText(kRegisterFilter));
+    case EFileQuestion::kCheckFens:
+      return QFileDialog::getOpenFileName(this, WindowText("Check FEN codes"), folder,
+                                          WindowText("All files (*)"));
     case EFileQuestion::kOpen:
       break;
   }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QMessageBox>
@@ -15,6 +16,7 @@
 
 #include "UiTestMain.h"
 #include "app/Options.h"
+#include "app/SearchCriteria.h"
 #include "app/ui/BoardView.h"
 #include "core/Fen.h"
 
@@ -93,6 +95,41 @@ class CPositionCommandsTest : public QObject {
     TakeMessage(*window);
     window->Action("undo")->trigger();
     QCOMPARE(ShownFen(*window), expected);
+  }
+
+  // The id of the position shown goes to the clipboard and finds its problem again; the FEN
+  // codes of a text file are looked up among the file's problems.
+  void ShowsThePositionIdAndChecksTheFenCodesOfAFile() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    QVERIFY(window->GoToProblem(2));  // 5Q2/8/8/R7/8/1k6/4K3/8
+    window->Action("positionId")->trigger();
+    const QString id = QApplication::clipboard()->text();
+    QVERIFY(!id.isEmpty());
+    QVERIFY(TakeMessage(*window).contains(id));
+    TSearchCriteria byId;
+    byId.text = id.toStdString();
+    QCOMPARE(window->FindProblems(byId), QString());
+    QVERIFY(std::count(window->FoundProblems().begin(), window->FoundProblems().end(), 2) == 1);
+
+    QTemporaryDir folder;
+    const QString list = folder.filePath("list.txt");
+    QFile out(list);
+    QVERIFY(out.open(QIODevice::WriteOnly));
+    out.write("Found in a magazine:\n5Q2/8/8/R7/8/1k6/4K3/8 w - - 0 1\nk7/8/8/8/8/8/6P1/K7\n");
+    out.close();
+    window->chooseFile = [&](EFileQuestion question) {
+      return question == EFileQuestion::kCheckFens ? list : QString();
+    };
+    window->Action("checkFens")->trigger();
+    const QString result = window->ResultText();
+    QVERIFY2(result.contains("line 2: 5Q2/8/8/R7/8/1k6/4K3/8: problem 2"), qPrintable(result));
+    QVERIFY2(result.contains("line 3: k7/8/8/8/8/8/6P1/K7: not found"), qPrintable(result));
+    QVERIFY2(result.contains("1 of 2 FEN codes"), qPrintable(result));
+    while (!TakeMessage(*window).isEmpty()) {
+    }  // what the search said
+    QVERIFY(window->CheckFensOf(folder.filePath("missing.txt")).contains("missing.txt"));
+    QVERIFY(TakeMessage(*window).contains("missing.txt"));
   }
 
   void CopiesTheProblemItsDiagramAndTheMovesPlayed() {

@@ -1392,5 +1392,21 @@ Ponów próbę zmiany ustawień.</translation>
         <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
         <translation>Tryb szybki mógłby tu zgubić mata: ta pozycja jest rozwiązywana w trybie bezpiecznym.</translation>
     </message>
+    <message>
+        <source>Check FEN codes</source>
+        <translation>Sprawdź kody FEN</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Wszystkie pliki (*)</translation>
+    </message>
+    <message>
+        <source>Position id: %1 (copied to the clipboard)</source>
+        <translation>Identyfikator pozycji: %1 (skopiowany do schowka)</translation>
+    </message>
+    <message>
+        <source>Error opening file: %1</source>
+        <translation>Błąd otwarcia pliku: %1</translation>
+    </message>
 </context>
 </TS>

@@ -1392,5 +1392,21 @@ Retry the attempt to change settings.</source>
         <source>Quick mode could lose the mate here: this position is solved in safe mode.</source>
         <translation>Швидкий режим міг би тут загубити мат: ця позиція розв'язується в безпечному режимі.</translation>
     </message>
+    <message>
+        <source>Check FEN codes</source>
+        <translation>Перевірити коди FEN</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Усі файли (*)</translation>
+    </message>
+    <message>
+        <source>Position id: %1 (copied to the clipboard)</source>
+        <translation>Ідентифікатор позиції: %1 (скопійовано до буфера обміну)</translation>
+    </message>
+    <message>
+        <source>Error opening file: %1</source>
+        <translation>Помилка відкриття файлу: %1</translation>
+    </message>
 </context>
 </TS>
