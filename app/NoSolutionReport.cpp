@@ -32,7 +32,9 @@ std::string NoSolutionReport(int nLanguageId, const TNoSolutionCircumstances& ci
   if (circumstances.bRelaxationOff) reasons += PickText(nLanguageId, kRelaxationOff);
   if (circumstances.bPassWithoutHeuristicsSkipped) reasons += PickText(nLanguageId, kPassSkipped);
   if (circumstances.bQuickMode) reasons += PickText(nLanguageId, kQuickMode);
-  std::string text = PickText(nLanguageId, kNotFound) + std::to_string(circumstances.nMoves);
+  std::string text = PickText(nLanguageId, kNotFound);
+  if (circumstances.bSelfmate) text.insert(text.size() - 1, "s");
+  text += std::to_string(circumstances.nMoves);
   if (!reasons.empty()) text += PickText(nLanguageId, kNote) + reasons;
   return text;
 }

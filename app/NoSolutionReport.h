@@ -13,8 +13,9 @@ struct TNoSolutionCircumstances {
   bool bRelaxationOff = false;  // only one pass with heuristics was run
   bool bPassWithoutHeuristicsSkipped = false;
   bool bQuickMode = false;  // repeated positions may yield false negatives
+  bool bSelfmate = false;   // the stipulation is s#N, not #N
 };
 
-// "Not found any solutions for #N", then a note with one line per reason that
+// "Not found any solutions for #N" (s#N for a selfmate), then a note with one line per reason that
 // applies; without any reason the note is left out.
 std::string NoSolutionReport(int nLanguageId, const TNoSolutionCircumstances& circumstances);

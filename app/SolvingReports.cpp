@@ -120,9 +120,10 @@ std::vector<std::string> CompletionReport(int nLanguageId, const std::string& la
 }
 
 std::optional<std::string> ResultBoxText(int nLanguageId, ESolvingMode mode, int nSolutions,
-                                         int nMoves, bool bQuickMode) {
+                                         int nMoves, bool bQuickMode, bool bSelfmate) {
   if (nSolutions == 0)
-    return NoSolutionReport(nLanguageId, {.nMoves = nMoves, .bQuickMode = bQuickMode});
+    return NoSolutionReport(nLanguageId,
+                            {.nMoves = nMoves, .bQuickMode = bQuickMode, .bSelfmate = bSelfmate});
   if (nSolutions == 1) return std::nullopt;
   if (mode == ESolvingMode::StopOnDual) return PickText(nLanguageId, kStoppedOnDual);
   if (mode == ESolvingMode::StopOn3Sol && nSolutions >= 3)

@@ -33,7 +33,7 @@ std::vector<std::string> CompletionReport(int nLanguageId, const std::string& la
 // What the result box says: the no-solution report, the texts for more than one solution,
 // or nothing for a single solution (its key is shown on the board instead).
 std::optional<std::string> ResultBoxText(int nLanguageId, ESolvingMode mode, int nSolutions,
-                                         int nMoves, bool bQuickMode);
+                                         int nMoves, bool bQuickMode, bool bSelfmate = false);
 
 // "Engine wants to force a different number of threads (8). Do you accept it?"
 std::string ForcedThreadsQuestion(int nLanguageId, unsigned nThreads);

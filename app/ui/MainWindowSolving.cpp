@@ -98,7 +98,8 @@ void CMainWindow::OnSolveFinished() {
   if (!bStopped && solved && !requests.empty()) {
     const SolvingRequest& first = *requests.front();
     if (const auto box = ResultBoxText(nLanguage, first.solvingMode, first.result.nSolutions,
-                                       solved->stipulation.Moves(), Options().bQuickMode)) {
+                                       solved->stipulation.Moves(), Options().bQuickMode,
+                                       solved->stipulation.type == TStipulation::kSelfmate)) {
       auto* message = new QMessageBox(QMessageBox::Information, WindowText("Mate search result"),
                                       QString::fromStdString(*box), QMessageBox::Ok, this);
       message->setAttribute(Qt::WA_DeleteOnClose);

@@ -104,6 +104,7 @@ TEST(NoSolutionReport, ListsEachReasonThatApplies) {
        "Not found any solutions for #30\n\nNote:\n" + relaxation + skipped + quick},
       {{.nMoves = 3, .bPassWithoutHeuristicsSkipped = true},
        "Not found any solutions for #3\n\nNote:\n" + skipped},
+      {{.nMoves = 4, .bSelfmate = true}, "Not found any solutions for s#4"},
   };
   for (const auto& [circumstances, text] : cases)
     EXPECT_EQ(NoSolutionReport(1, circumstances), text);
