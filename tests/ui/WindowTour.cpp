@@ -32,16 +32,16 @@ class CWindowTour : public QObject {
       dialog->reject();
     };
     window.Action("options")->trigger();
-    grab("optionsDialog", "10-options.png");
+    grab("optionsDialog", "19-options.png");
     window.Action("heuristicsSolve")->trigger();
     window.findChild<QPushButton*>("showPath")->click();
-    grab("heuristicsDialog", "11-heuristics.png");
+    grab("heuristicsDialog", "20-heuristics.png");
     QSignalSpy reported(&window, &CMainWindow::TaskReported);
     window.Action("tablesStatus")->trigger();
     QVERIFY(reported.wait(60000));
     auto* box = window.findChild<QMessageBox*>("messageBox");
     QVERIFY(box && QTest::qWaitForWindowExposed(box));
-    QVERIFY(box->grab().save(QDir(folder).filePath("12-tables-status.png")));
+    QVERIFY(box->grab().save(QDir(folder).filePath("21-tables-status.png")));
     TakeMessage(window);
   }
 
@@ -162,7 +162,7 @@ class CWindowTour : public QObject {
     window->Action("options")->trigger();
     auto* options = window->findChild<QDialog*>("optionsDialog");
     QVERIFY(options && QTest::qWaitForWindowExposed(options));
-    QVERIFY(options->grab().save(QDir(folder).filePath("13-polish-options.png")));
+    QVERIFY(options->grab().save(QDir(folder).filePath("22-polish-options.png")));
     options->reject();
     window->SetLanguage(kEnglishLanguageId);
   }
