@@ -33,18 +33,24 @@ void CTablesService::ReportOnce(const std::string& key, const std::string& messa
   if (messages) messages(message);
 }
 
+void CTablesService::NoteUnusableFile(const TTableMaterial& material,
+                                      const std::filesystem::path& file,
+                                      const std::string& message) {
+  std::lock_guard guard(lock);
+  // A set never generated is no news; a file gone from its set's folder is.
+  if (std::filesystem::exists(file.parent_path())) {
+    ReportOnce(material.Name(), message);
+  } else {
+    unusable.insert(material.Name());
+  }
+}
+
 std::shared_ptr<const TEndgameTable> CTablesService::ReadFile(const TTableMaterial& material) {
   const std::filesystem::path file = FileOf(material);
   try {
     return tablefile::Read(file, material);
   } catch (const std::exception& e) {
-    std::lock_guard guard(lock);
-    // A set never generated is no news; a file gone from its set's folder is.
-    if (std::filesystem::exists(file.parent_path())) {
-      ReportOnce(material.Name(), e.what());
-    } else {
-      unusable.insert(material.Name());
-    }
+    NoteUnusableFile(material, file, e.what());
     return nullptr;
   }
 }
@@ -140,12 +146,7 @@ std::shared_ptr<const CDiskEndgameTable> CTablesService::OpenOnDisk(
   try {
     table = std::make_shared<const CDiskEndgameTable>(file, material, blockCache);
   } catch (const std::exception& e) {
-    std::lock_guard guard(lock);
-    if (std::filesystem::exists(file.parent_path())) {
-      ReportOnce(material.Name(), e.what());
-    } else {
-      unusable.insert(material.Name());
-    }
+    NoteUnusableFile(material, file, e.what());
     return nullptr;
   }
   std::lock_guard guard(lock);

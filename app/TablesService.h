@@ -96,6 +96,9 @@ class CTablesService : public CTableProbe {
   std::shared_ptr<const TEndgameTable> ReadFile(const TTableMaterial& material);
   void MakeRoom(std::uint64_t nBytes);
   void ReportOnce(const std::string& key, const std::string& message);
+  // A table file that cannot be used: reported once, unless its set's folder is missing too.
+  void NoteUnusableFile(const TTableMaterial& material, const std::filesystem::path& file,
+                        const std::string& message);
 
   TTablesSettings settings;
   TMessageSink messages;

@@ -20,9 +20,22 @@ class TablesService : public ::testing::Test {
     settings.nThreads = 1;
     return settings;
   }
-  CTablesService Service(std::uint64_t nQuotaBytes = 1 << 30) {
-    return CTablesService(Settings(nQuotaBytes),
+  CTablesService Service(std::uint64_t nQuotaBytes = 1 << 30, bool bDiskAccess = false) {
+    TTablesSettings settings = Settings(nQuotaBytes);
+    settings.bDiskAccess = bDiskAccess;
+    return CTablesService(settings,
                           [this](const std::string& message) { messages.push_back(message); });
+  }
+  // White king a1, rook b2, Black king h8, White to move.
+  static TChessboard KrkBoard() {
+    TChessboard board;
+    ClearChessboard(board);
+    board.squares[0] = piece::kWhiteKing;
+    board.squares[63] = piece::kBlackKing;
+    board.squares[9] = piece::kWhiteRook;
+    board.ply = 5;
+    Analyse(board, true);
+    return board;
   }
 
   CTempFolder folder;
@@ -74,13 +87,7 @@ TEST_F(TablesService, AnUnusableFileIsReportedOnceByNameAndSkipped) {
   const auto file = tablefile::PathOf(folder / "Precalc", TTableMaterial::Parse("KRK"));
   std::filesystem::resize_file(file, 100);
   CTablesService service = Service();
-  TChessboard board;
-  ClearChessboard(board);
-  board.squares[0] = piece::kWhiteKing;
-  board.squares[63] = piece::kBlackKing;
-  board.squares[9] = piece::kWhiteRook;
-  board.ply = 5;
-  Analyse(board, true);
+  TChessboard board = KrkBoard();
   EXPECT_FALSE(service.Probe(board));
   EXPECT_FALSE(service.Probe(board));
   ASSERT_EQ(messages.size(), 1u);
@@ -95,10 +102,7 @@ TEST_F(TablesService, AnUnusableFileIsReportedOnceByNameAndSkipped) {
 TEST_F(TablesService, ProbingInTheFilesAnswersAsTheLoadedTableAndLoadsNothing) {
   Service().Generate({TTableMaterial::Parse("KRK")});
   CTablesService loaded = Service();
-  TTablesSettings settings = Settings(1 << 20);
-  settings.bDiskAccess = true;
-  CTablesService onDisk(settings,
-                        [this](const std::string& message) { messages.push_back(message); });
+  CTablesService onDisk = Service(1 << 20, true);
   TChessboard board;
   int nProbed = 0;
   // Every placement of the rook with the kings on a few squares, both sides to move.
@@ -129,17 +133,8 @@ TEST_F(TablesService, ACorruptFileProbedOnDiskIsReportedOnceAndSkipped) {
   Service().Generate({TTableMaterial::Parse("KRK")});
   const auto file = tablefile::PathOf(folder / "Precalc", TTableMaterial::Parse("KRK"));
   std::filesystem::resize_file(file, std::filesystem::file_size(file) - 3);
-  TTablesSettings settings = Settings(1 << 20);
-  settings.bDiskAccess = true;
-  CTablesService service(settings,
-                         [this](const std::string& message) { messages.push_back(message); });
-  TChessboard board;
-  ClearChessboard(board);
-  board.squares[0] = piece::kWhiteKing;
-  board.squares[63] = piece::kBlackKing;
-  board.squares[9] = piece::kWhiteRook;
-  board.ply = 5;
-  Analyse(board, true);
+  CTablesService service = Service(1 << 20, true);
+  TChessboard board = KrkBoard();
   EXPECT_FALSE(service.Probe(board));
   EXPECT_FALSE(service.Probe(board));
   ASSERT_EQ(messages.size(), 1u);
