@@ -15,11 +15,11 @@ void CBackgroundTask::CContext::Line(const QString& text) const {
       target, [target, text] { Q_EMIT target->Line(text); }, Qt::QueuedConnection);
 }
 
-CBackgroundTask::CBackgroundTask(QObject* parent) : QObject(parent) {}
-
+// The queued outcome of a work still running is dropped with this object.
 CBackgroundTask::~CBackgroundTask() {
-  if (worker.joinable()) Stop(true);
-  Join();
+  if (!worker.joinable()) return;
+  Stop(true);
+  worker.join();
 }
 
 void CBackgroundTask::RequestStop() {
@@ -27,30 +27,25 @@ void CBackgroundTask::RequestStop() {
 }
 
 void CBackgroundTask::Stop(bool bAtOnce) {
-  bStop = true;
+  worker.request_stop();
   if (stopHook) stopHook(bAtOnce);
-}
-
-void CBackgroundTask::Join() {
-  if (worker.joinable()) worker.join();
 }
 
 bool CBackgroundTask::Start(const QString& taskTitle, TWork work, TStopHook onStop) {
   if (bRunning) return false;
-  Join();  // the thread of the work before has ended: its Finished came
+  if (worker.joinable()) worker.join();  // the work before has ended: its Finished came
   title = taskTitle;
   stopHook = std::move(onStop);
-  bStop = false;
   bRunning = true;
-  worker = std::thread([this, work = std::move(work)] {
-    const CContext context(*this);
-    QString outcome;
+  worker = std::jthread([this, work = std::move(work)](std::stop_token stop) {
+    const CContext context(*this, stop);
+    QVariant outcome;
     try {
       outcome = work(context);
     } catch (const std::exception& error) {
       outcome = QString::fromStdString(error.what());
     }
-    const bool bStopped = bStop.load();
+    const bool bStopped = stop.stop_requested();
     QMetaObject::invokeMethod(
         this,
         [this, outcome, bStopped] {

@@ -1,13 +1,15 @@
 #pragma once
-// A long command of the window (a table check, a regression run) on a thread of its own. The
-// work reports progress and its outcome through the signals below, which are always emitted
-// on the GUI thread, so that the window stays responsive and no widget is touched off it.
-// The work looks at StopRequested() where it can end early; the destructor asks it to stop
+// A long command of the window on a thread of its own: a table check, a regression run, a
+// solution tree or a best defence. The work gets copies of what it reads, never the window's
+// objects; it reports progress and its outcome through the signals below, which are always
+// emitted on the GUI thread, so that the window stays responsive and no widget is touched off
+// it. The work looks at its stop token where it can end early; the destructor asks it to stop
 // and waits for it.
 #include <QObject>
 #include <QString>
-#include <atomic>
+#include <QVariant>
 #include <functional>
+#include <stop_token>
 #include <thread>
 
 class CBackgroundTask : public QObject {
@@ -16,22 +18,25 @@ class CBackgroundTask : public QObject {
   // What the work is given: where to report, and whether it should end.
   class CContext {
    public:
-    explicit CContext(CBackgroundTask& owner) : task(owner) {}
+    CContext(CBackgroundTask& owner, std::stop_token token) : task(owner), stop(token) {}
     void Progress(const QString& text, double dFraction) const;
     // A line of the outcome shown before the work has ended.
     void Line(const QString& text) const;
-    bool StopRequested() const { return task.bStop.load(); }
+    bool StopRequested() const { return stop.stop_requested(); }
+    std::stop_token StopToken() const { return stop; }
 
    private:
     CBackgroundTask& task;
+    std::stop_token stop;
   };
-  // The work returns the outcome's last text.
-  using TWork = std::function<QString(const CContext&)>;
+  // The work returns its outcome: a text, or the values its receiver takes apart. What it
+  // throws becomes the outcome's text.
+  using TWork = std::function<QVariant(const CContext&)>;
 
-  explicit CBackgroundTask(QObject* parent = nullptr);
+  explicit CBackgroundTask(QObject* parent = nullptr) : QObject(parent) {}
   ~CBackgroundTask() override;
 
-  // How a work that cannot look at StopRequested() often is told to end: after the step it
+  // How a work that cannot look at its stop token often is told to end: after the step it
   // is on, or at once (the window closes).
   using TStopHook = std::function<void(bool bAtOnce)>;
 
@@ -44,14 +49,12 @@ class CBackgroundTask : public QObject {
  Q_SIGNALS:
   void Progress(const QString& text, double dFraction);
   void Line(const QString& text);
-  void Finished(const QString& outcome, bool bStopped);
+  void Finished(const QVariant& outcome, bool bStopped);
 
  private:
-  void Join();
   void Stop(bool bAtOnce);
 
-  std::thread worker;
-  std::atomic<bool> bStop{false};
+  std::jthread worker;
   bool bRunning = false;  // as the GUI thread knows it: until Finished is emitted
   QString title;
   TStopHook stopHook;

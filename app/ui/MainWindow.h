@@ -21,7 +21,6 @@
 #include "problems/Collection.h"
 
 class CBackgroundTask;
-class CSideTask;
 class CBoardView;
 class CProblemSearch;
 class COptionsDialog;
@@ -357,7 +356,7 @@ class CMainWindow : public QMainWindow {
   std::vector<int> foundIds;               // the problems of the last search, in order
   std::vector<int> pendingIds;             // the problems a search in steps has not seen yet
   QWidget* searchProgress = nullptr;
-  CSideTask* sideTask = nullptr;  // the solution tree or the best defence
+  CBackgroundTask* sideTask = nullptr;  // beside the solve: the solution tree or the best defence
   bool bTreeAfterSolve = false;
   int nInstancesStarted = 0;
   QString treeText;

@@ -7,7 +7,7 @@
 #include <QShortcut>
 #include <QTimer>
 
-#include "app/ui/SideTask.h"
+#include "app/ui/BackgroundTask.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
 
@@ -30,8 +30,8 @@ void CMainWindow::OfferCommands() {
   };
   animation = new QTimer(this);
   connect(animation, &QTimer::timeout, this, &CMainWindow::AnimationStep);
-  sideTask = new CSideTask(this);
-  connect(sideTask, &CSideTask::Finished, this, &CMainWindow::OnSideTaskFinished);
+  sideTask = new CBackgroundTask(this);
+  connect(sideTask, &CBackgroundTask::Finished, this, &CMainWindow::OnSideTaskFinished);
   OfferVariantCommands();
   OfferProblemCommands();
   OfferSearchCommands();

@@ -14,7 +14,7 @@
 #include "app/Options.h"
 #include "app/SolutionReport.h"
 #include "app/SolverCommands.h"
-#include "app/ui/SideTask.h"
+#include "app/ui/BackgroundTask.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
@@ -120,8 +120,8 @@ void CMainWindow::ShowSolutionTree() {
     const int nMoves = problem->stipulation.Moves();
     const std::vector<TMove> keys = result.keys;
     resultView->appendPlainText(WindowText("Building the solution tree..."));
-    sideTask->Start([start, nMoves, keys](std::stop_token stop) {
-      return TreeResult(start, nMoves, keys, stop);
+    sideTask->Start("tree", [start, nMoves, keys](const CBackgroundTask::CContext& context) {
+      return TreeResult(start, nMoves, keys, context.StopToken());
     });
     return;
   }
@@ -144,8 +144,9 @@ void CMainWindow::FindBestDefence(bool bThorough) {
   beforeWhite.parent = nullptr;
   beforeWhite.ply = beforeWhite.rootPlies = static_cast<std::uint16_t>(nLeft + 1);
   const TMove white = position.lastMove;
-  sideTask->Start([beforeWhite, white, position, bThorough](std::stop_token stop) {
-    return DefenceResult(beforeWhite, white, position, bThorough, stop);
+  sideTask->Start("defence", [beforeWhite, white, position,
+                              bThorough](const CBackgroundTask::CContext& context) {
+    return DefenceResult(beforeWhite, white, position, bThorough, context.StopToken());
   });
   RefreshControls();
 }

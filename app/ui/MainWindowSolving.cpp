@@ -11,7 +11,6 @@
 #include "app/ui/BackgroundTask.h"
 #include "app/ui/InterfaceLanguage.h"
 #include "app/ui/MainWindow.h"
-#include "app/ui/SideTask.h"
 #include "app/ui/SolveController.h"
 #include "core/Notation.h"
 
@@ -74,7 +73,7 @@ void CMainWindow::StartSolve(bool bFindAll) {
 // Stops the solve, and the solution tree or best defence being built beside it.
 void CMainWindow::StopSolve() {
   if (IsSolving()) solver->Stop();
-  if (sideTask) sideTask->Stop();
+  if (sideTask) sideTask->RequestStop();
 }
 
 void CMainWindow::OnSolveFinished() {

@@ -31,7 +31,9 @@ void CMainWindow::BuildTaskArea() {
   });
   connect(task, &CBackgroundTask::Line, this,
           [this](const QString& text) { resultView->appendPlainText(text); });
-  connect(task, &CBackgroundTask::Finished, this, &CMainWindow::OnTaskFinished);
+  connect(task, &CBackgroundTask::Finished, this, [this](const QVariant& outcome, bool bStopped) {
+    OnTaskFinished(outcome.toString(), bStopped);
+  });
 }
 
 void CMainWindow::RunTask(const char* title, CBackgroundTask::TWork work,
