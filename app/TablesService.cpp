@@ -170,11 +170,13 @@ std::optional<std::uint8_t> CTablesService::ProbeOnDisk(const CDiskEndgameTable&
 }
 
 std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMaterial>& materials,
-                                                      const TProgress& progress) {
+                                                      const TProgress& progress,
+                                                      std::stop_token stop) {
   std::vector<TGeneratedTable> result;
   CTableCollection collection;
   CTableCollection::THooks hooks;
   hooks.progress = progress;
+  hooks.stop = std::move(stop);
   hooks.find = [this](const TTableMaterial& m) -> std::shared_ptr<const TEndgameTable> {
     if (!std::filesystem::exists(FileOf(m))) return nullptr;
     return ReadFile(m);
@@ -190,6 +192,7 @@ std::vector<TGeneratedTable> CTablesService::Generate(const std::vector<TTableMa
     slots.clear();
   };
   for (const TTableMaterial& material : materials) {
+    if (hooks.stop.stop_requested()) break;
     if (collection.Find(material) != nullptr) continue;
     if (auto onDisk = hooks.find(material)) {
       result.push_back(

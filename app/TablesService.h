@@ -10,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <set>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -54,9 +55,11 @@ class CTablesService : public CTableProbe {
   // The value of a board for the side to move; nothing without a table.
   std::optional<std::uint8_t> ValueOf(const PieceCode* squares, bool bWhiteToMove);
 
-  // Generates the tables not yet on disk (and first those they lead into), writing each.
+  // Generates the tables not yet on disk (and first those they lead into), writing each. A
+  // stop ends it soon, without a file of the table it was generating; the tables finished
+  // before are written and listed.
   std::vector<TGeneratedTable> Generate(const std::vector<TTableMaterial>& materials,
-                                        const TProgress& progress = {});
+                                        const TProgress& progress = {}, std::stop_token stop = {});
   // Loads every table on disk that fits in the quota, so that the first probes do not pay
   // for the reading; returns how many are loaded then.
   std::size_t LoadAll();

@@ -25,19 +25,23 @@ void CTableCollection::Provide(const TTableMaterial& material, int nThreads, con
       Add(std::move(found));
       continue;
     }
-    Generate(next, nThreads, hooks);
+    if (!Generate(next, nThreads, hooks)) return;
   }
 }
 
 const TEndgameTable* CTableCollection::Generate(const TTableMaterial& material, int nThreads,
                                                 const THooks& hooks) {
   Provide(material, nThreads, hooks);
+  if (hooks.stop.stop_requested()) return nullptr;
   const auto start = std::chrono::steady_clock::now();
   CTableGenerator generator(
       material, [this](const TTableMaterial& m) { return Find(m); }, nThreads);
-  std::shared_ptr<const TEndgameTable> table = generator.Generate([&](double fraction) {
-    if (hooks.progress) hooks.progress(material.Name(), fraction);
-  });
+  std::shared_ptr<const TEndgameTable> table = generator.Generate(
+      [&](double fraction) {
+        if (hooks.progress) hooks.progress(material.Name(), fraction);
+      },
+      hooks.stop);
+  if (!table) return nullptr;
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
   if (hooks.generated) hooks.generated(*table, seconds.count());
   Add(table);

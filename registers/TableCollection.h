@@ -2,6 +2,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <stop_token>
 #include <string>
 
 #include "registers/EndgameTable.h"
@@ -17,6 +18,8 @@ class CTableCollection {
     std::function<std::shared_ptr<const TEndgameTable>(const TTableMaterial&)> find;
     // Each table generated, with the seconds it took.
     std::function<void(const TEndgameTable& table, double seconds)> generated;
+    // Ends the generation: the table being generated is dropped, those done before stay.
+    std::stop_token stop;
   };
 
   const TEndgameTable* Find(const TTableMaterial& material) const;
@@ -24,7 +27,8 @@ class CTableCollection {
   void Add(std::shared_ptr<const TEndgameTable> table);
 
   // Generates the table of a material after the tables its captures and promotions lead
-  // into; those neither held nor found through the hooks are generated first and kept.
+  // into; those neither held nor found through the hooks are generated first and kept. Null
+  // when stopped.
   const TEndgameTable* Generate(const TTableMaterial& material, int nThreads,
                                 const THooks& hooks = {});
   // Makes the tables a material's captures and promotions lead into available.

@@ -40,7 +40,9 @@ void CTableGenerator::SetBlack(std::uint64_t i, std::uint8_t value) {
   nSettled.fetch_add(1, std::memory_order_relaxed);
 }
 
-std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progress) {
+std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progress,
+                                                         std::stop_token stopToken) {
+  stop = std::move(stopToken);
   const std::uint64_t size = index.Size();
   white.assign(size, 0);
   black.assign(size, kNoMate);
@@ -49,11 +51,13 @@ std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progre
   blackFloor.assign(size, 0);
   ParallelForRange(size, nThreads,
                    [&](std::uint64_t begin, std::uint64_t end, int) { Seed(begin, end); });
+  if (stop.stop_requested()) return nullptr;
   std::sort(blackSteps.begin(), blackSteps.end(),
             [](const TBlackStep& a, const TBlackStep& b) { return a.black < b.black; });
   if (progress) progress(0.3);
   for (int n = 1; n <= tablevalue::kMaxMate; ++n) {
     const bool bChanged = RunRound(static_cast<std::uint8_t>(n));
+    if (stop.stop_requested()) return nullptr;
     if (progress && nLegalPositions.load() > 0)
       progress(0.3 + 0.7 * static_cast<double>(nSettled.load() + nWhiteSettled.load()) /
                          static_cast<double>(nLegalPositions.load()));
@@ -71,6 +75,7 @@ std::unique_ptr<TEndgameTable> CTableGenerator::Generate(const TProgress& progre
 void CTableGenerator::Seed(std::uint64_t begin, std::uint64_t end) {
   std::uint64_t nLegalHere = 0;
   for (std::uint64_t i = begin; i < end; ++i) {
+    if (StopAt(i)) break;
     SquareIndex squares[TTableMaterial::kMaxPieces];
     if (!index.Decode(i, squares)) {
       white[i] = black[i] = kIllegal;
@@ -202,6 +207,7 @@ std::uint64_t CTableGenerator::ForEachPredecessor(const std::vector<std::uint8_t
   ParallelForRange(index.Size(), nThreads, [&](std::uint64_t begin, std::uint64_t end, int) {
     std::uint64_t found = 0;
     for (std::uint64_t i = begin; i < end; ++i) {
+      if (StopAt(i)) break;
       if (values[i] != value) continue;
       SquareIndex squares[TTableMaterial::kMaxPieces];
       index.Decode(i, squares);

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <vector>
 
 #include "registers/EndgameTable.h"
@@ -16,14 +17,17 @@
 // replies still open, lowered by retracting Black's moves from the White positions just
 // settled, and gets its value when the count reaches 0. Captures and promotions lead into
 // tables generated before, whose values seed both sides. What is left open at the end is
-// "no mate". Rounds are shared among nThreads threads.
+// "no mate". Rounds are shared among nThreads threads. A stop requested through the token ends
+// the generation within a few thousand positions, without a table.
 class CTableGenerator {
  public:
   using TProgress = std::function<void(double fraction)>;
 
   CTableGenerator(const TTableMaterial& material, const CTableLinks::TFindTable& findTable,
                   int nThreads);
-  std::unique_ptr<TEndgameTable> Generate(const TProgress& progress = {});
+  // Null when stopped.
+  std::unique_ptr<TEndgameTable> Generate(const TProgress& progress = {},
+                                          std::stop_token stop = {});
 
  private:
   // A White move that is a double step next to a black pawn: its value is that of the
@@ -54,12 +58,19 @@ class CTableGenerator {
   std::uint64_t SettleBlackSteps(std::uint8_t n);
   bool IsSteppedBlack(std::uint64_t i) const;
   void NotePending(std::uint8_t value);
+  // Looked at every kStopCheckPositions positions of a loop over the table.
+  bool StopAt(std::uint64_t i) const {
+    return i % kStopCheckPositions == 0 && stop.stop_requested();
+  }
+
+  static constexpr std::uint64_t kStopCheckPositions = 4096;
   void SetBlack(std::uint64_t i, std::uint8_t value);
 
   TTableMaterial material;
   TTableIndex index;
   CTableLinks links;
   int nThreads;
+  std::stop_token stop;
   // During generation White's 0 means open; Black's open positions hold kNoMate with a
   // non-zero count (or a pending double step).
   std::vector<std::uint8_t> white, black;

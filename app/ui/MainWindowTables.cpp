@@ -214,10 +214,12 @@ void CMainWindow::RunTableCommand(const char* label, int nCommand) {
             return InformationText(service, shown);
           case kPrecalculate: {
             QStringList lines;
-            for (const TGeneratedTable& table :
-                 service.Generate({*shown.material}, [&](const std::string&name, double share) {
-                   context.Progress(Text(name), share);
-                 }))
+            for (const TGeneratedTable& table : service.Generate(
+                     {*shown.material},
+                     [&](const std::string&name, double share) {
+                       context.Progress(Text(name), share);
+                     },
+                     context.StopToken()))
               lines << (table.bGenerated ? WindowText("%1: generated in %2 s, %3 bytes")
                                                .arg(Text(table.name))
                                                .arg(table.seconds, 0, 'f', 1)

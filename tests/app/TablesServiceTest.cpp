@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <set>
+#include <stop_token>
 
 #include "TempFolder.h"
 #include "app/TablesReports.h"
@@ -139,6 +141,45 @@ TEST_F(TablesService, ACorruptFileProbedOnDiskIsReportedOnceAndSkipped) {
   EXPECT_FALSE(service.Probe(board));
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_NE(messages[0].find(file.string()), std::string::npos);
+}
+
+// A stop ends the generation at the next look at it: the table being generated is not
+// written, the tables finished before it are, whole, and nothing else is left in the folder
+// (beside each table its generation log).
+// KPK needs KQK, KRK, KBK and KNK first, in this order (a pawn promotes).
+TEST_F(TablesService, AStopLeavesNoFileOfTheTableBeingGenerated) {
+  const struct {
+    const char* stopAt;  // the first progress report of this table stops; "" stops before
+    std::size_t nWritten;
+  } cases[] = {{"", 0}, {"KQK", 0}, {"KRK", 1}, {"KPK", 4}, {"none", 5}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.stopAt);
+    std::filesystem::remove_all(folder / "Precalc");
+    CTablesService service = Service();
+    std::stop_source stop;
+    if (*c.stopAt == '\0') stop.request_stop();
+    std::vector<std::string> reportsAfterStop;
+    const auto generated = service.Generate(
+        {TTableMaterial::Parse("KPK")},
+        [&](const std::string& name, double) {
+          if (stop.stop_requested()) reportsAfterStop.push_back(name);
+          if (name == c.stopAt) stop.request_stop();
+        },
+        stop.get_token());
+    EXPECT_TRUE(reportsAfterStop.empty());  // no round ran after the stop
+    ASSERT_EQ(generated.size(), c.nWritten);
+    std::set<std::filesystem::path> expected, found;
+    for (const TGeneratedTable& table : generated)
+      expected.insert(service.FileOf(TTableMaterial::Parse(table.name)));
+    if (std::filesystem::exists(folder / "Precalc"))
+      for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "Precalc"))
+        if (entry.is_regular_file() && entry.path().extension() != ".log")
+          found.insert(entry.path());
+    EXPECT_EQ(found, expected);
+    if (c.nWritten == 5) {
+      EXPECT_EQ(generated.back().name, "KPK");
+    }
+  }
 }
 
 TEST_F(TablesService, PrecalcPathIsTheFolderAndTheWorkingFolderIsStillRead) {
