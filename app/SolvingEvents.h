@@ -44,8 +44,8 @@ struct TSessionCallbacks {
   std::function<void(const TPassProgress&)> onProgress = nullptr;
   std::function<void(const TPassOutcome&)> onPassFinished = nullptr;
   std::function<void()> onSolveFinished = nullptr;
-  // A notice that does not stop the solve (a table file that cannot be used), each once;
-  // printed on the standard error when not given.
+  // A notice that does not stop the solve (a table file that cannot be used, a log that
+  // cannot be written), each once; printed on the standard error when not given.
   std::function<void(const std::string&)> onMessage = nullptr;
   // Asked before a solve whose problem wants another thread count; true adopts it.
   std::function<bool(const TThreadSettings& forced, const std::string& question)> askForcedThreads =

@@ -51,12 +51,13 @@ class CRegistryEntry {
   const std::string name;
 };
 
-std::unique_ptr<TAggregatedTemporaryChessboardRegister> MakeTempRegister(const COptions& settings) {
+std::unique_ptr<TAggregatedTemporaryChessboardRegister> MakeTempRegister(const COptions& settings,
+                                                                         CWriteFailures& failures) {
   auto tempRegister = std::make_unique<TAggregatedTemporaryChessboardRegister>(
       TChessboardRegister<bool>::MaxElementsForPercent(platform::TotalPhysicalMemoryBytes(),
                                                        settings.nMaxMemRatioForTempReg));
   tempRegister->SetLanguage(RegisterLanguageOf(settings.nLanguageId));
-  if (settings.bRegisterInfoLog) tempRegister->SetRegisterLog("registerInfo.log");
+  if (settings.bRegisterInfoLog) tempRegister->SetRegisterLog("registerInfo.log", &failures);
   return tempRegister;
 }
 
@@ -76,15 +77,18 @@ CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sess
       defaultThreads(MachineThreads(options)),
       sGuiLogPath(GetProgramState().guiLogPath.string()),
       seams(std::move(sessionSeams)),
-      tempRegister(seams.pRegister ? nullptr : MakeTempRegister(options)),
-      tables(std::make_unique<CTablesService>(TablesSettingsFromOptions(options),
-                                              [this](const std::string& message) {
-                                                if (callbacks.onMessage) {
-                                                  callbacks.onMessage(message);
-                                                } else {
-                                                  std::fprintf(stderr, "%s\n", message.c_str());
-                                                }
-                                              })) {}
+      writeFailures([this](const std::string& message) { Notify(message); }),
+      tempRegister(seams.pRegister ? nullptr : MakeTempRegister(options, writeFailures)),
+      tables(std::make_unique<CTablesService>(
+          TablesSettingsFromOptions(options),
+          [this](const std::string& message) { Notify(message); })) {}
+
+void CSolvingSession::Notify(const std::string& message) const {
+  if (callbacks.onMessage)
+    callbacks.onMessage(message);
+  else
+    std::fprintf(stderr, "%s\n", message.c_str());
+}
 
 CSolvingSession::~CSolvingSession() {
   Stop();
@@ -178,7 +182,8 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
                                CMateSolver::WorkerCount(static_cast<int>(request.threads.nThreads),
                                                         static_cast<int>(request.threads.nLevels)));
     // The moves log does not tell the passes under heuristics apart yet: it names pass 2.
-    const TMovesLogSettings movesLog{.nProblem = request.pProblem->id, .pass = {.nPass = 2}};
+    const TMovesLogSettings movesLog{
+        .nProblem = request.pProblem->id, .pass = {.nPass = 2}, .pFailures = &writeFailures};
     const CMateSolver::TSettings solverSettings{
         .goal = GoalOf(*request.pProblem),
         .nThreads = static_cast<int>(request.threads.nThreads),

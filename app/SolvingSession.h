@@ -24,6 +24,7 @@
 #include "app/SolvingRequest.h"
 #include "app/TablesService.h"
 #include "app/ThreadSettings.h"
+#include "core/WriteFailures.h"
 #include "engine/HeuristicChoice.h"
 #include "engine/SolvingThread.h"
 #include "problems/Problem.h"
@@ -155,7 +156,11 @@ class CSolvingSession {
   const TSessionSeams seams;
   // Why a register command cannot run now; nothing when it can.
   std::optional<std::string> RegisterCommandRefusal() const;
+  // A notice that does not stop the solve: to the callback, else to the standard error.
+  void Notify(const std::string& message) const;
 
+  // The logs that cannot be written, each told once through Notify.
+  CWriteFailures writeFailures;
   std::unique_ptr<TAggregatedTemporaryChessboardRegister> tempRegister;
   // The start position of the problem whose register was read last, until its solve starts.
   std::optional<TChessboardRegisterItem> registerReadFor;

@@ -25,6 +25,7 @@ class CFileAppender {
   bool Append(std::string_view text);
   bool Close();
   bool IsOpen() const { return fd >= 0; }
+  const std::string& Path() const { return path; }
 
   // The message of the last failure.
   const std::string& Error() const { return error; }

@@ -105,8 +105,13 @@ CMovesLogger::~CMovesLogger() {
 }
 
 void CMovesLogger::Flush() {
-  if (file && !pending.empty() && !file->Append(pending)) error = file->Error();
+  if (file && !pending.empty() && !file->Append(pending)) Fail();
   pending.clear();
+}
+
+void CMovesLogger::Fail() {
+  error = file->Error();
+  if (settings.pFailures != nullptr) settings.pFailures->Note(file->Path(), error);
 }
 
 std::string CMovesLogger::FlushLines() {
@@ -124,7 +129,7 @@ bool CMovesLogger::OpenForThread() {
   file = std::make_unique<safefile::CFileAppender>(
       (settings.folder / moveslog::FileName(settings.nProblem, nCurrentThread)).string());
   if (!file->Open()) {
-    error = file->Error();
+    Fail();
     file.reset();
     return false;
   }

@@ -10,6 +10,7 @@
 #include "core/Chessboard.h"
 #include "core/FileAppender.h"
 #include "core/Move.h"
+#include "core/WriteFailures.h"
 #include "engine/MateResult.h"
 
 // Why the last doubtful result was doubtful: 0 or 0xFFFFFFFF for the temporary register, a
@@ -34,6 +35,8 @@ struct TMovesLogSettings {
   std::filesystem::path folder = {};  // where the files go: the working folder by default
   int nProblem = 0;                   // 0 when the search runs without a problem record
   TLogPass pass;
+  // Told of each file that cannot be opened or written; none when null.
+  CWriteFailures* pFailures = nullptr;
 };
 
 namespace moveslog {
@@ -79,6 +82,8 @@ class CMovesLogger {
   void Write(unsigned nTabs, const std::string& text);
   // Under the lock: appends the lines gathered so far.
   void Flush();
+  // Under the lock: keeps the failure of the file for FlushLines and passes it on.
+  void Fail();
 
   const TMovesLogSettings& settings;
   const std::string sPassText;

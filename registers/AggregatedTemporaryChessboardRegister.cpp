@@ -54,9 +54,11 @@ std::uint32_t TAggregatedTemporaryChessboardRegister::GetDoubtfulElementsIn() co
   return DoubtfulElementsIn.load(std::memory_order_relaxed);
 }
 
-void TAggregatedTemporaryChessboardRegister::SetRegisterLog(std::filesystem::path file) {
+void TAggregatedTemporaryChessboardRegister::SetRegisterLog(std::filesystem::path file,
+                                                            CWriteFailures* failures) {
   const std::lock_guard lock(logMutex);
   logFile = std::move(file);
+  logFailures = failures;
 }
 
 void TAggregatedTemporaryChessboardRegister::Log(const char* message, std::int64_t first,
@@ -70,7 +72,8 @@ void TAggregatedTemporaryChessboardRegister::Log(const char* message, std::int64
                 static_cast<int>(ElementsIn.load(std::memory_order_relaxed)),
                 static_cast<int>(DoubtfulElementsIn.load(std::memory_order_relaxed)));
   // A log that cannot be written loses the lines; the solve goes on.
-  safefile::AppendToFile(logFile.string(), lines);
+  const auto error = safefile::AppendToFile(logFile.string(), lines);
+  if (error && logFailures != nullptr) logFailures->Note(logFile.string(), *error);
 }
 
 void TAggregatedTemporaryChessboardRegister::EmptySomeDataWhenRegisterFull(bool bForce) {

@@ -10,6 +10,7 @@
 #include <optional>
 #include <shared_mutex>
 
+#include "core/WriteFailures.h"
 #include "registers/ChessboardRegister.h"
 #include "registers/DoubtfulStore.h"
 #include "registers/TemporaryChessboardRegister.h"
@@ -75,8 +76,9 @@ class TAggregatedTemporaryChessboardRegister : public TChessboardRegister<bool> 
   void ForEachDoubtful(
       const std::function<void(THeuristicsKey, const TDoubtfulElement&)>& visit) const;
 
-  // Appends every message to this file, two lines each; an empty path writes nothing.
-  void SetRegisterLog(std::filesystem::path file);
+  // Appends every message to this file, two lines each; an empty path writes nothing. A
+  // message the file does not take is lost, and failures is told (when given).
+  void SetRegisterLog(std::filesystem::path file, CWriteFailures* failures = nullptr);
   // Called now and then while a large register is cleared, after its counts have fallen.
   void SetClearProgress(std::function<void()> progress) { clearProgress = std::move(progress); }
 
@@ -99,6 +101,7 @@ class TAggregatedTemporaryChessboardRegister : public TChessboardRegister<bool> 
   std::map<THeuristicsKey, std::uint32_t> users;
   std::optional<std::chrono::steady_clock::time_point> lastEviction;  // under the eviction lock
   std::mutex logMutex;
-  std::filesystem::path logFile;  // under logMutex
+  std::filesystem::path logFile;          // under logMutex
+  CWriteFailures* logFailures = nullptr;  // under logMutex
   std::function<void()> clearProgress;
 };

@@ -2,11 +2,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <string>
 
 #include "SolvingSessionHelpers.h"
+#include "TempFolder.h"
 #include "app/SolvingRegistry.h"
 #include "core/ChessException.h"
 
@@ -101,6 +104,36 @@ TEST(SolvingSessionControl, AnInterruptedSessionStartsNoFurtherSolve) {
   EXPECT_TRUE(session.Requests().at(0)->result.bStopped);
   EXPECT_EQ(session.Start({.pProblem = problem.get()}), "Solving has been stopped.");
   EXPECT_TRUE(session.IsInterrupted());
+}
+
+// A moves log that cannot be opened (a folder stands at its name) loses its lines, and the
+// user is told once, by the file's name, however many lines and solves fail; the keys are
+// found all the same.
+TEST(SolvingSessionControl, AMovesLogThatCannotBeWrittenIsToldOnce) {
+  const CTempFolder folder;
+  const std::filesystem::path previous = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Path());
+  std::filesystem::create_directory("MovesLogger_problem37_thread0.log");
+  std::mutex mutex;
+  std::vector<std::string> messages;
+  COptions options = TestOptions();
+  options.bLogMoves = true;
+  {
+    CSolvingSession session(options, {.onMessage = [&](const std::string& message) {
+                              const std::lock_guard lock(mutex);
+                              messages.push_back(message);
+                            }});
+    const auto problem = ReferenceProblem(kMates, "loyd-1859", option::kNoMirror, 37);
+    for (int nSolve = 0; nSolve < 2; ++nSolve) {
+      ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{1, 1}}),
+                std::nullopt);
+      session.Wait({.bQuiet = true});
+      EXPECT_THAT(session.Requests().at(0)->result.keyTexts, ElementsAre("Qh5-a5"));
+    }
+  }
+  std::filesystem::current_path(previous);
+  ASSERT_THAT(messages, SizeIs(1));
+  EXPECT_EQ(messages[0], "Error opening file: MovesLogger_problem37_thread0.log");
 }
 
 }  // namespace

@@ -174,6 +174,60 @@ TEST(MovesLogger, AFailedWriteKeepsTheEarlierLines) {
   writerfaults::ExpectEachFaultKeepsTheOldFile(writer, 32);
 }
 
+// However many lines and flushes fail, each file is told of once, by its name.
+TEST(MovesLogger, AFileThatCannotBeWrittenIsToldOnce) {
+  const TChessboard board = WithPly("4k3/8/8/8/8/8/8/R3K3 w - - 0 1", 3);
+  const auto file = [](int nThread) { return moveslog::FileName(9, nThread); };
+  const struct {
+    const char* name;
+    bool bFolderAtTheNames;             // the files cannot be opened
+    int nFailingOperation;              // of the first file, counted from its opening
+    std::vector<std::string> expected;  // the messages, with the folder's path left out
+  } cases[] = {
+      {"a folder at the names",
+       true,
+       0,
+       {"Error opening file: " + file(0), "Error opening file: " + file(1)}},
+      {"a full disk at the first write",
+       false,
+       2,
+       {"Error writing file: " + file(0) + ": the disk is full"}},
+      {"a full disk at the opening",
+       false,
+       1,
+       {"Error opening file: " + file(0) + ": the disk is full"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const CTempFolder folder;
+    const std::string prefix = folder.Path().string() + "/";
+    if (c.bFolderAtTheNames)
+      for (int nThread : {0, 1}) std::filesystem::create_directory(folder / file(nThread));
+    std::vector<std::string> messages;
+    CWriteFailures failures([&](const std::string& message) {
+      messages.push_back(message);
+      const auto at = messages.back().find(prefix);
+      if (at != std::string::npos) messages.back().erase(at, prefix.size());
+    });
+    const TMovesLogSettings settings{
+        .folder = folder.Path(), .nProblem = 9, .pass = {.nPass = 2}, .pFailures = &failures};
+    safefile::TFaultSeam seam{.nFailingOperation = c.nFailingOperation, .nErrno = ENOSPC};
+    safefile::SetFaultSeam(&seam);
+    {
+      CMovesLogger logger(settings);
+      for (int nThread : {0, 1, 0}) {
+        logger.SetThread(nThread);
+        for (int nLine = 0; nLine < 3; ++nLine) {
+          logger.ResultLine(board, mate::kMate, 0);
+          logger.FlushLines();
+        }
+      }
+    }
+    safefile::SetFaultSeam(nullptr);
+    EXPECT_EQ(messages, c.expected);
+  }
+}
+
 TEST(MovesLogger, ASolveLogsItsTreeFromTheKeyToTheRootResult) {
   const CTempFolder folder;
   const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 7, .pass = {.nPass = 2}};

@@ -77,16 +77,21 @@ TEST_F(RegisterWriterFaults, EndgameTableFile) {
   writerfaults::ExpectEachFaultKeepsTheOldFile(writer, 4096);
 }
 
-// The register's own log loses a message it cannot write, and the register goes on.
+// The register's own log loses a message it cannot write and tells why, and the register goes
+// on.
 TEST_F(RegisterWriterFaults, RegisterInfoLog) {
   TAggregatedTemporaryChessboardRegister reg(100000);
-  reg.SetRegisterLog(folder / "registerInfo.log");
-  const TWriter writer{"register log", folder / "registerInfo.log",
-                       [&] {
-                         reg.EmptySomeDataWhenRegisterFull(true);
-                         return std::string();
-                       },
-                       true, true};
+  const TWriter writer{
+      "register log", folder / "registerInfo.log",
+      [&] {
+        std::string error;
+        CWriteFailures failures([&error](const std::string& message) { error = message; });
+        reg.SetRegisterLog(folder / "registerInfo.log", &failures);
+        reg.EmptySomeDataWhenRegisterFull(true);
+        reg.SetRegisterLog({});
+        return error;
+      },
+      true};
   ASSERT_EQ(writer.write(), "");
   writerfaults::ExpectEachFaultKeepsTheOldFile(writer, 16);
 }
