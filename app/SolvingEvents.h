@@ -33,6 +33,12 @@ struct TPassProgress {
   std::uint32_t nDoubtfulElements = 0;  // doubtful answers filed by the passes so far
 };
 
+// The first move one worker thread of the running pass searches, for a look at that thread.
+struct TThreadMove {
+  int nMove = -1;     // index in the sorted order; -1 while the thread waits or helps deeper
+  std::string sMove;  // in the long notation, empty with -1
+};
+
 struct TPassOutcome {
   std::string sLabel;
   int nMirrorPass = 0;

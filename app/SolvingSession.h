@@ -106,6 +106,8 @@ class CSolvingSession {
   std::uint64_t Positions() const;
   // Threads of the running pass that a pause holds now, 0 between passes.
   int ParkedThreads() const;
+  // What each worker thread of the running pass searches now; none between passes.
+  std::vector<TThreadMove> ThreadMoves() const;
   // The passes of the last solve; read them once it has ended.
   const std::vector<std::unique_ptr<SolvingRequest>>& Requests() const { return requests; }
   TThreadSettings DefaultThreads() const { return defaultThreads; }

@@ -1,6 +1,7 @@
 #include <mutex>
 
 #include "app/SolvingSession.h"
+#include "core/Notation.h"
 #include "engine/MateSolver.h"
 
 // The commands that reach a running solve from other threads (stop, pause, resume, the
@@ -76,6 +77,19 @@ bool CSolvingSession::ApplyManualCommand(EManualCommand command) {
 std::uint64_t CSolvingSession::Positions() const {
   const std::lock_guard lock(controlMutex);
   return activeSolver ? activeSolver->Positions() : 0;
+}
+
+std::vector<TThreadMove> CSolvingSession::ThreadMoves() const {
+  const std::lock_guard lock(controlMutex);
+  if (!activeSolver) return {};
+  const CRootSearch& search = activeSolver->Root();
+  std::vector<TThreadMove> moves;
+  for (const int nMove : search.WorkerMoves())
+    moves.push_back(nMove < 0
+                        ? TThreadMove{}
+                        : TThreadMove{nMove, notation::MoveToText(activeSolver->RootBoard(),
+                                                                  search.FirstMoves()[nMove])});
+  return moves;
 }
 
 int CSolvingSession::ParkedThreads() const {

@@ -97,6 +97,8 @@ class CMateSolver {
   double Progress() const { return Current().Progress(); }
   // The root search of the running pass (the last one once the solve has ended).
   const CRootSearch& Root() const { return Current(); }
+  // The start position, with the ply the solve searches from.
+  const TChessboard& RootBoard() const { return root; }
   TPassInfo Pass() const;
   // Entries of the register, and the doubtful answers filed in it (0 without a register).
   std::uint32_t RegisterElements() const {

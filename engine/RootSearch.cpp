@@ -29,6 +29,8 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
     queue.Add(made[order[i]]);
     firstMoves.push_back(made[order[i]].lastMove);
   }
+  workerMoves = std::make_unique<std::atomic<int>[]>(searches.size());
+  for (std::size_t worker = 0; worker < searches.size(); ++worker) workerMoves[worker] = -1;
   queue.SetPauseWorker(
       [this](int worker, bool bPause) { searches[worker]->SetPausedAlone(bPause); });
 }
@@ -113,7 +115,9 @@ void CRootSearch::Work(int worker) {
       const CSplitBoard::CHelping helping(splitBoard, *split);
       search.HelpAt(*split);
     } else if (task != nullptr) {
+      workerMoves[worker] = IndexOf(*task);
       SearchReplies(search, *task);
+      workerMoves[worker] = -1;
     }
   }
 }
@@ -123,7 +127,9 @@ void CRootSearch::Evaluate(int worker, int index) {
   CMateSearch& search = *searches[worker];
   TRootTask& task = queue.Task(index);
   search.LogMove(root, task.child.lastMove, &task.child);
+  workerMoves[worker] = index;
   MateResult result = SearchMove(search, task);
+  workerMoves[worker] = -1;
   if (search.Interrupted() && result != mate::kMate) result = mate::kDoubtful;
   // A mate in one is settled by the Black node itself, which logged it; a move cut short
   // by a stop or given up has no result.
@@ -208,6 +214,18 @@ void CRootSearch::WaitForHelpers(const TRootTask& task) {
     if (task.nWorkersInside.load() == 0) return;
     context.run.WaitForChange(seen);
   }
+}
+
+int CRootSearch::IndexOf(const TRootTask& task) const {
+  for (int index = 0; index < queue.Size(); ++index)
+    if (&queue.Task(index) == &task) return index;
+  return -1;
+}
+
+std::vector<int> CRootSearch::WorkerMoves() const {
+  std::vector<int> moves(searches.size());
+  for (std::size_t worker = 0; worker < moves.size(); ++worker) moves[worker] = workerMoves[worker];
+  return moves;
 }
 
 void CRootSearch::RequeueCurrent(TRootTask::ERequeue how) {

@@ -1,4 +1,5 @@
 #pragma once
+#include <atomic>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -67,6 +68,10 @@ class CRootSearch {
   const std::vector<TMove>& FirstMoves() const { return firstMoves; }
   // Sorted index of the first move under analysis that comes first, or -1.
   int CurrentMoveIndex() const { return queue.CurrentMove(); }
+  // For each worker thread, the sorted index of the first move it searches now, its own or
+  // one whose replies it helps with; -1 while it waits or helps deeper in a line of another
+  // thread. Read from any thread while Run runs.
+  std::vector<int> WorkerMoves() const;
 
   // Manual control of the first moves, from any thread while Run runs.
   void ShiftCurrentMoveToEnd() { RequeueCurrent(TRootTask::kRequeueAtEnd); }
@@ -90,13 +95,15 @@ class CRootSearch {
   void SearchReplies(CMateSearch& search, TRootTask& task);
   void WaitForHelpers(const TRootTask& task);
   void RequeueCurrent(TRootTask::ERequeue how);
+  int IndexOf(const TRootTask& task) const;
   TRootOutcome Collect() const;
 
   SearchContext& context;
   const TChessboard& root;
   TRootHooks hooks;
   std::vector<std::unique_ptr<CMateSearch>> searches;
-  std::vector<TMove> firstMoves;  // in sorted order
+  std::unique_ptr<std::atomic<int>[]> workerMoves;  // per worker, see WorkerMoves
+  std::vector<TMove> firstMoves;                    // in sorted order
   CFirstMoveQueue queue;
   const bool bShareFirstMoves;
   CSplitBoard splitBoard;

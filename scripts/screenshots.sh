@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Starts the desktop program's test program under Xvfb and saves the window in a few typical
-# states (sample file open, a solve in progress, a result, setting mode, the problem list, a last
+# states (sample file open, a solve in progress and its first thread's line, a result, setting mode, the problem list, a last
 # move without mate, links in the description, Polish menus and buttons), its dialogs and
 # pop-ups (sort indications, problem search, the search status with tags, the solution tree, the
 # variant list, the board menu during a solve, the manual, Polish search and manual, the options

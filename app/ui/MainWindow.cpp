@@ -100,9 +100,7 @@ void CMainWindow::BuildLayout() {
   resultView->setReadOnly(true);
   resultView->setFocusPolicy(Qt::NoFocus);
   side->addWidget(resultView, 1);
-  progressLabel = new QLabel(central);
-  progressLabel->setObjectName("progress");
-  side->addWidget(progressLabel);
+  side->addLayout(BuildProgressRow(central));
 
   setCentralWidget(central);
   statusLabel = new QLabel(this);

@@ -36,6 +36,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QSystemTrayIcon;
 class QTimer;
+class QToolButton;
 
 // What a file chooser is asked for.
 enum class EFileQuestion {
@@ -194,6 +195,8 @@ class CMainWindow : public QMainWindow {
   void TaskFinished();
   // A long command ended and its outcome is shown.
   void TaskReported(const QString& outcome);
+  // The progress line shows a new report of the solve, or another thread's.
+  void ProgressShown();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -302,8 +305,12 @@ class CMainWindow : public QMainWindow {
   void ShowSearchResult(const TSearchResult& result);
   void OfferSolvingExtras();
   void ShowBoardMenu(const QPoint& where);
-  // The progress area goes from its normal size to the whole column (the move list hidden),
-  // then to nothing, then back.
+  // The progress line with the thread to peek at and the size of the progress area, which
+  // goes from its normal size to the whole column (the move list hidden), then to nothing,
+  // then back.
+  QLayout* BuildProgressRow(QWidget* central);
+  void StepPeek(int direction);
+  void ShowProgress();
   void CycleProgressArea();
   void ShowSolutionTree();
   void OnSideTaskFinished(const QVariant& result, bool bStopped);
@@ -340,6 +347,9 @@ class CMainWindow : public QMainWindow {
   QPushButton* problemButton = nullptr;
   QLabel* descriptionLabel = nullptr;
   QLabel* progressLabel = nullptr;
+  CStepControl* peekControl = nullptr;
+  int nPeekThread = 0;  // the thread whose first move the progress line shows; 0 for all
+  QToolButton* progressSizeButton = nullptr;
   QLabel* statusLabel = nullptr;
   QPlainTextEdit* moveList = nullptr;
   QPlainTextEdit* resultView = nullptr;

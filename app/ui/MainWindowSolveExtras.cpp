@@ -184,17 +184,6 @@ void CMainWindow::OnSideTaskFinished(const QVariant& result, bool bStopped) {
   Q_EMIT TaskFinished();
 }
 
-void CMainWindow::CycleProgressArea() {
-  if (!resultView->isVisible()) {
-    resultView->show();
-  } else if (moveList->isVisible()) {
-    moveList->hide();
-  } else {
-    moveList->show();
-    resultView->hide();
-  }
-}
-
 // The position shown copied out or opened in another copy of the program, and the manual
 // reordering of the first moves where the settings allow it.
 void CMainWindow::ShowBoardMenu(const QPoint& where) {

@@ -29,11 +29,7 @@ void CMainWindow::ConnectSolver() {
   connect(solver, &CSolveController::ProgressChanged, this, [this](const QString& text) {
     statusLine = text;
     const TPassProgress& progress = solver->LastProgress();
-    progressLabel->setText(QString("%1/%2 %3%4")
-                               .arg(progress.nCurrentMove + 1)
-                               .arg(progress.nFirstMoves)
-                               .arg(QString::fromStdString(progress.sCurrentMove))
-                               .arg(progress.bPaused ? WindowText(" (paused)") : QString()));
+    ShowProgress();
     ShowStatusLine();
     ShowRegisterCounters(progress.nRegisterElements, progress.nDoubtfulElements);
   });

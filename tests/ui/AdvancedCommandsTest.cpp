@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -234,6 +235,36 @@ class CAdvancedCommandsTest : public QObject {
     QVERIFY(next > 1000);
     window->Action("previousOfType")->trigger();
     QCOMPARE(informationIndex(), 1000ULL);
+  }
+
+  // Stop pressed as KPK's generation reports its first progress ends it there: the tables it
+  // needed first (KQK, KRK, KBK, KNK) are on disk, KPK is not, and nothing else is left.
+  void StopEndsATableGenerationWithoutItsFile() {
+    const CFolderScope scope;
+    auto window = OpenWindowOn(scope, kMateInTwo);
+    QVERIFY(window);
+    QVERIFY(window->PastePosition("8/8/8/8/8/2k5/4P3/4K3 w - - 0 1"));
+    auto* stop = window->findChild<QPushButton*>("taskStop");
+    // KPK's rounds after its first report take far longer than the click takes to come.
+    connect(window->Task(), &CBackgroundTask::Progress, stop, [stop](const QString& text, double) {
+      if (text == "KPK" && stop->isEnabled()) stop->click();
+    });
+    QSignalSpy reported(window.get(), &CMainWindow::TaskReported);
+    window->Action("precalculateType")->trigger();
+    QVERIFY(reported.wait(kTaskTimeoutMs));
+    TakeMessage(*window);
+    const QString outcome = reported.last().at(0).toString();
+    QVERIFY2(outcome.startsWith("Stopped.") && outcome.contains("KNK: generated") &&
+                 !outcome.contains("KPK"),
+             qPrintable(outcome));
+    QStringList files;
+    QDirIterator found(scope.Path("Precalc"), QDir::Files, QDirIterator::Subdirectories);
+    while (found.hasNext()) {
+      const QString name = QFileInfo(found.next()).fileName();
+      if (!name.endsWith(".log")) files << name;
+    }
+    files.sort();
+    QCOMPARE(files, (QStringList{"KBK.lmt", "KNK.lmt", "KQK.lmt", "KRK.lmt"}));
   }
 
   void RegressionRunWritesAndOpensItsLog() {

@@ -20,18 +20,6 @@ constexpr int kTaskTimeoutMs = 120000;
 // The sample's second problem: 5Q2/8/8/R7/8/1k6/4K3/8, mate in 2 by Ra5-b5.
 constexpr int kMateInTwo = 2;
 
-int LongestProblem() {
-  TProblemCollection sample;
-  sample.ReadFile(SampleFilePath().toStdString(), {});
-  int id = 0, nMost = 0;
-  for (const auto& [nId, problem] : sample.Problems())
-    if (problem->stipulation.Moves() > nMost) {
-      nMost = problem->stipulation.Moves();
-      id = nId;
-    }
-  return id;
-}
-
 }  // namespace
 
 class CSolvingExtrasTest : public QObject {
@@ -92,7 +80,7 @@ class CSolvingExtrasTest : public QObject {
   void BoardPopUpDuringASolveCopiesThePositionForANewInstance() {
     auto window = OpenSampleWindow();
     QVERIFY(window);
-    QVERIFY(window->GoToProblem(LongestProblem()));
+    QVERIFY(window->GoToProblem(LongestSampleProblem()));
     QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
     window->StartSolve(false);
     QVERIFY(window->IsSolving());
@@ -134,20 +122,6 @@ class CSolvingExtrasTest : public QObject {
     Options().bEnableManualEngineControl = false;
     window->StopSolve();
     QVERIFY(reported.wait(kTaskTimeoutMs));
-  }
-
-  void ProgressAreaGoesLargeThenAwayThenBack() {
-    auto window = OpenSampleWindow();
-    QVERIFY(window);
-    auto* moves = window->findChild<QPlainTextEdit*>("moveList");
-    auto* progress = window->findChild<QPlainTextEdit*>("result");
-    const auto shown = [&] { return std::pair{moves->isVisible(), progress->isVisible()}; };
-    QCOMPARE(shown(), std::pair(true, true));
-    const std::pair<bool, bool> steps[] = {{false, true}, {true, false}, {true, true}};
-    for (const auto& expected : steps) {
-      window->Action("progressArea")->trigger();
-      QCOMPARE(shown(), expected);
-    }
   }
 
   void HelpShowsTheManualInTheLanguageAndSetsThreads() {

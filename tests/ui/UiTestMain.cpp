@@ -31,6 +31,18 @@ QString SampleFilePath() {
   return QString(LONGMATE_SOURCE_DIR) + "/data/sample_problems.cp";
 }
 
+int LongestSampleProblem() {
+  TProblemCollection sample;
+  sample.ReadFile(SampleFilePath().toStdString(), {});
+  int id = 0, nMost = 0;
+  for (const auto& [nId, problem] : sample.Problems())
+    if (problem->stipulation.Moves() > nMost) {
+      nMost = problem->stipulation.Moves();
+      id = nId;
+    }
+  return id;
+}
+
 std::unique_ptr<CMainWindow> OpenSampleWindow() {
   auto window = std::make_unique<CMainWindow>();
   window->show();

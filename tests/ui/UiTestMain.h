@@ -11,8 +11,10 @@
 using TTestFactory = std::function<std::unique_ptr<QObject>()>;
 bool RegisterUiTest(TTestFactory factory);
 
-// The sample file of the repository.
+// The sample file of the repository, and the id of its problem of the most moves (a solve
+// that runs far longer than any test).
 QString SampleFilePath();
+int LongestSampleProblem();
 // A window as the program makes it, English, shown, with the sample file open.
 std::unique_ptr<CMainWindow> OpenSampleWindow();
 // Answers the next modal question with the button given (a message box's standard button).

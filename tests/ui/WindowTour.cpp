@@ -20,6 +20,7 @@
 #include "app/Options.h"
 #include "app/ui/BoardView.h"
 #include "app/ui/PiecePalette.h"
+#include "app/ui/StepControl.h"
 
 class CWindowTour : public QObject {
   Q_OBJECT
@@ -54,13 +55,7 @@ class CWindowTour : public QObject {
     QVERIFY(window);
     qInfo("window open with the sample file: %lld ms", static_cast<long long>(clock.elapsed()));
 
-    int nLongest = 0, idLongest = 0;
-    for (int id = window->CurrentId(); window->GoToProblem(id); ++id)
-      if (window->CurrentProblem()->stipulation.Moves() > nLongest) {
-        nLongest = window->CurrentProblem()->stipulation.Moves();
-        idLongest = id;
-      }
-    QVERIFY(window->GoToProblem(idLongest));
+    QVERIFY(window->GoToProblem(LongestSampleProblem()));
     QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
     window->StartSolve(true);  // all solutions: the whole tree is searched
     // A timer that should fire every 5 ms: the longest gap between its calls is the longest
@@ -102,17 +97,19 @@ class CWindowTour : public QObject {
     };
     save("1-sample-open.png");
 
-    int nLongest = 0, idLongest = 0;
-    for (int id = window->CurrentId(); window->GoToProblem(id); ++id)
-      if (window->CurrentProblem()->stipulation.Moves() > nLongest) {
-        nLongest = window->CurrentProblem()->stipulation.Moves();
-        idLongest = id;
-      }
-    QVERIFY(window->GoToProblem(idLongest));
+    QVERIFY(window->GoToProblem(LongestSampleProblem()));
     QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
     window->StartSolve(false);
     QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().contains("Thrds="), 60000);
     save("2-solving.png");
+    // The progress line of the first thread alone, then of all again.
+    auto* peek = window->findChild<CStepControl*>("peek");
+    QVERIFY(peek);
+    QSignalSpy shown(window.get(), &CMainWindow::ProgressShown);
+    Q_EMIT peek->Stepped(1, Qt::LeftButton);
+    QVERIFY(shown.wait(60000));
+    save("2b-solving-thread-1.png");
+    Q_EMIT peek->Stepped(-1, Qt::LeftButton);
     window->StopSolve();
     QVERIFY(reported.wait(60000));
 
@@ -140,7 +137,7 @@ class CWindowTour : public QObject {
     QVERIFY(window->PlayMove(sq(1, 3), sq(1, 2)));  // Kb3-b2
     QVERIFY(window->PlayMove(sq(4, 1), sq(4, 2)));  // Ke1-e2
     save("6-last-move-no-mate.png");
-    QVERIFY(window->GoToProblem(idLongest));  // a position with heuristic passes
+    QVERIFY(window->GoToProblem(LongestSampleProblem()));  // a position with heuristic passes
     SaveDialogs(*window, folder);
 
     QTemporaryDir files;

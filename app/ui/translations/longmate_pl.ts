@@ -1408,5 +1408,21 @@ Ponów próbę zmiany ustawień.</translation>
         <source>Error opening file: %1</source>
         <translation>Błąd otwarcia pliku: %1</translation>
     </message>
+    <message>
+        <source>Click at the botton/top of the icon to change thread to peek (A = info from all threads)</source>
+        <translation>Kliknij dół/górę ikony, aby zmienić podglądany wątek (A = informacje ze wszystkich wątków)</translation>
+    </message>
+    <message>
+        <source>Click to change size of progress information area</source>
+        <translation>Kliknij, aby zmienić rozmiar obszaru informacji o postępie</translation>
+    </message>
+    <message>
+        <source>Thread %1: helping another thread</source>
+        <translation>Wątek %1: pomaga innemu wątkowi</translation>
+    </message>
+    <message>
+        <source>Thread %1: %2/%3 %4</source>
+        <translation>Wątek %1: %2/%3 %4</translation>
+    </message>
 </context>
 </TS>

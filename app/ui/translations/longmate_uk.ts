@@ -1408,5 +1408,21 @@ Retry the attempt to change settings.</source>
         <source>Error opening file: %1</source>
         <translation>Помилка відкриття файлу: %1</translation>
     </message>
+    <message>
+        <source>Click at the botton/top of the icon to change thread to peek (A = info from all threads)</source>
+        <translation>Клацніть низ/верх значка, щоб змінити потік для перегляду (A = інформація з усіх потоків)</translation>
+    </message>
+    <message>
+        <source>Click to change size of progress information area</source>
+        <translation>Клацніть, щоб змінити розмір області інформації про перебіг розв’язування</translation>
+    </message>
+    <message>
+        <source>Thread %1: helping another thread</source>
+        <translation>Потік %1: допомагає іншому потоку</translation>
+    </message>
+    <message>
+        <source>Thread %1: %2/%3 %4</source>
+        <translation>Потік %1: %2/%3 %4</translation>
+    </message>
 </context>
 </TS>
