@@ -2,21 +2,26 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <mutex>
 #include <new>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "SolvingSessionHelpers.h"
 #include "TempFolder.h"
 #include "app/SolvingRegistry.h"
 #include "core/ChessException.h"
+#include "core/MoveMaking.h"
+#include "core/Notation.h"
 
 namespace {
 
 using namespace sessiontest;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 // A register whose room check throws: the search files answers in every worker.
@@ -134,6 +139,37 @@ TEST(SolvingSessionControl, AMovesLogThatCannotBeWrittenIsToldOnce) {
   std::filesystem::current_path(previous);
   ASSERT_THAT(messages, SizeIs(1));
   EXPECT_EQ(messages[0], "Error opening file: MovesLogger_problem37_thread0.log");
+}
+
+// Each worker of a running pass names the first move it searches, by its place among the first
+// moves and by its text; between solves there is none.
+TEST(SolvingSessionControl, ThreadMovesNameTheFirstMoveOfEachWorker) {
+  CProgressEvents events;
+  CSolvingSession session(TestOptions(), events.Callbacks());
+  EXPECT_THAT(session.ThreadMoves(), IsEmpty());
+  const auto problem = ReferenceProblem(kLongSolveFile, kLongSolveRow, option::kNoMirror, 1);
+  std::set<std::string> firstMoves;
+  for (TMove move : movemaking::LegalMoves(problem->start))
+    firstMoves.insert(notation::MoveToText(problem->start, move));
+  ASSERT_EQ(session.Start({.pProblem = problem.get(), .threads = TThreadSettings{2, 1}}),
+            std::nullopt);
+  std::vector<TThreadMove> moves;
+  EXPECT_TRUE(events.WaitUntil(session, [&] {
+    moves = session.ThreadMoves();
+    return std::ranges::count_if(moves, [](const TThreadMove& m) { return m.nMove >= 0; }) > 0;
+  }));
+  session.Stop();
+  session.Wait({.bQuiet = true});
+  ASSERT_THAT(moves, SizeIs(2));
+  for (const TThreadMove& move : moves) {
+    if (move.nMove < 0) {
+      EXPECT_EQ(move.sMove, "");
+      continue;
+    }
+    EXPECT_LT(move.nMove, static_cast<int>(firstMoves.size()));
+    EXPECT_TRUE(firstMoves.contains(move.sMove)) << move.sMove;
+  }
+  EXPECT_THAT(session.ThreadMoves(), IsEmpty());
 }
 
 }  // namespace
