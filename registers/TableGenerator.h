@@ -58,13 +58,12 @@ class CTableGenerator {
   std::uint64_t SettleBlackSteps(std::uint8_t n);
   bool IsSteppedBlack(std::uint64_t i) const;
   void NotePending(std::uint8_t value);
+  void SetBlack(std::uint64_t i, std::uint8_t value);
   // Looked at every kStopCheckPositions positions of a loop over the table.
+  static constexpr std::uint64_t kStopCheckPositions = 4096;
   bool StopAt(std::uint64_t i) const {
     return i % kStopCheckPositions == 0 && stop.stop_requested();
   }
-
-  static constexpr std::uint64_t kStopCheckPositions = 4096;
-  void SetBlack(std::uint64_t i, std::uint8_t value);
 
   TTableMaterial material;
   TTableIndex index;
