@@ -55,14 +55,20 @@ constexpr TEngineRun kEngineRuns[] = {{1, false, "1 thread"},
                                       {1, true, "1 thread, repetitions cut"},
                                       {2, false, "2 threads, heuristic passes first", true}};
 
-// Restrictions of every kind: forced mates, the king at the edge, pieces kept, kings near.
+// Restrictions of every kind: forced mates in every mode, a forced-mate depth of one move
+// (its preliminary run and its mixture), the king at the edge, pieces kept, kings near.
 std::vector<THeuristicSet> HeuristicPasses() {
-  THeuristicSet forced, edge;
+  THeuristicSet forced, edge, shallow;
   forced.mask = shbit::kFindForcedMate;
+  shallow.mask = shbit::kFindForcedMate | shbit::kAreKingsNear;
+  shallow.forcedMateMode = EForcedMateMode::kMateIn2;
+  shallow.nForcedMateMoves = 1;
+  shallow.bPreliminary = true;
   edge.mask = shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures | shbit::kAreKingsNear |
               shbit::kDontLetPromotedFigureMove;
   edge.edgeForm = EEdgeForm::kStrict;
   std::vector<THeuristicSet> passes = heuristicplan::RelaxationPath(forced);
+  for (const THeuristicSet& set : heuristicplan::RelaxationPath(shallow)) passes.push_back(set);
   for (const THeuristicSet& set : heuristicplan::RelaxationPath(edge)) passes.push_back(set);
   return passes;
 }
