@@ -98,20 +98,17 @@ std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& /*start*/, int nM
   THeuristicSet preliminary;
   preliminary.mask = shbit::kFindForcedMate;
   preliminary.bPreliminary = true;
-  for (const EForcedMateMode mode :
-       {EForcedMateMode::kCheckOnly, EForcedMateMode::kMateIn1, EForcedMateMode::kMateIn1Plus}) {
+  for (const EForcedMateMode mode : {EForcedMateMode::kCheckOnly, EForcedMateMode::kMateIn1}) {
     preliminary.forcedMateMode = mode;
     passes.push_back(preliminary);
   }
-  // The mixture: forcing moves first, then freer play near the mate with the pieces kept.
+  // The mixture, in place of a third preliminary run: forcing moves first, then free play
+  // near the mate with the pieces kept. Every pass more would cost the others their time.
   THeuristicSet mixture;
   mixture.mask = shbit::kFindForcedMate | shbit::kDontLoseAnyFigures;
+  mixture.forcedMateMode = EForcedMateMode::kMateIn1Plus;
   mixture.nForcedMateMoves = static_cast<std::uint8_t>(std::min(nMoves - kMixtureEndMoves, 255));
-  for (const EForcedMateMode mode :
-       {EForcedMateMode::kMateIn1Plus, EForcedMateMode::kMateIn2Plus}) {
-    mixture.forcedMateMode = mode;
-    passes.push_back(mixture);
-  }
+  passes.push_back(mixture);
   return passes;
 }
 

@@ -68,7 +68,8 @@ std::vector<THeuristicSet> HeuristicPasses() {
               shbit::kDontLetPromotedFigureMove;
   edge.edgeForm = EEdgeForm::kStrict;
   std::vector<THeuristicSet> passes = heuristicplan::RelaxationPath(forced);
-  for (const THeuristicSet& set : heuristicplan::RelaxationPath(shallow)) passes.push_back(set);
+  passes.push_back(shallow);
+  passes.push_back(heuristicplan::Relax(shallow));
   for (const THeuristicSet& set : heuristicplan::RelaxationPath(edge)) passes.push_back(set);
   return passes;
 }
