@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "DirectMateRows.h"
 #include "MoveLine.h"
@@ -138,6 +139,36 @@ TEST(ForcedMate, AutomaticPassesEndInTheMixture) {
   EXPECT_FALSE(mixture.OthersHold(8 - heuristicplan::kMixtureEndMoves));
   EXPECT_TRUE(mixture.OthersHold(9 - heuristicplan::kMixtureEndMoves));
   EXPECT_FALSE(mixture.ForcedMateHolds(9 - heuristicplan::kMixtureEndMoves));
+}
+
+// The mixture splits the solution at its forced-mate depth: before it only White's moves
+// are held to forcing ones, after it only the other members hold.
+TEST(ForcedMate, MixtureHoldsEachPartToItsOwnMembers) {
+  THeuristicSet mixture = ForcedMate(EForcedMateMode::kMateIn1);
+  mixture.mask |= shbit::kDontLoseAnyFigures;
+  mixture.nForcedMateMoves = 1;
+  const char* kRooks = "7k/1r6/6K1/8/8/8/8/R7 w - - 0 1";
+  const struct {
+    const char* what;
+    std::vector<std::string> moves;  // White's first
+    std::uint32_t expected;
+  } cases[] = {
+      {"a quiet first move", {"g6f6"}, shbit::kFindForcedMate},
+      {"a quiet second move", {"a1a2", "h8g8", "g6f6"}, 0},
+      {"a piece lost to the first reply", {"a1a7", "b7a7"}, 0},
+      {"a piece lost to the second reply",
+       {"g6f6", "h8g8", "a1a7", "b7a7"},
+       shbit::kDontLoseAnyFigures},
+  };
+  for (const auto& c : cases) {
+    CLine line(kRooks, 10);
+    const TChessboard& after = line.Play(c.moves);
+    const THeuristicContext heuristics(mixture, line.Root());
+    const std::uint32_t bit = after.IsWhiteToMove()
+                                  ? heuristicrules::BlackReplyBreaks(after, heuristics).bit
+                                  : heuristicrules::WhiteMoveBreaks(after, heuristics);
+    EXPECT_EQ(bit, c.expected) << c.what;
+  }
 }
 
 THeuristicSet Preliminary(int nForcedMoves) {
