@@ -17,17 +17,33 @@ std::optional<SquareIndex> ReadSquare(const std::string& word) {
   return square::Make(file, rank);
 }
 
+// "#2", "#2+-Preliminary", "CheckOnly-Custom": the mode, then the kind of run.
+bool ApplyForcedMateWord(THeuristicSet& set, std::string word) {
+  const auto Strip = [&](std::string_view suffix) {
+    const bool bHas =
+        word.size() > suffix.size() &&
+        text::EqualsNoCase(std::string_view(word).substr(word.size() - suffix.size()), suffix);
+    if (bHas) word.resize(word.size() - suffix.size());
+    return bHas;
+  };
+  if (Strip("-Preliminary"))
+    set.bPreliminary = true;
+  else if (Strip("-Custom"))
+    set.bCustom = true;
+  static constexpr std::pair<const char*, EForcedMateMode> kModes[] = {
+      {"CheckOnly", EForcedMateMode::kCheckOnly}, {"#1", EForcedMateMode::kMateIn1},
+      {"#1+", EForcedMateMode::kMateIn1Plus},     {"#2", EForcedMateMode::kMateIn2},
+      {"#2+", EForcedMateMode::kMateIn2Plus},     {"#3", EForcedMateMode::kMateIn3},
+      {"#4", EForcedMateMode::kMateIn4},          {"#5", EForcedMateMode::kMateIn5}};
+  for (const auto& [name, mode] : kModes)
+    if (text::EqualsNoCase(word, name)) return set.forcedMateMode = mode, true;
+  return false;
+}
+
 bool ApplyWord(THeuristicSet& set, std::uint32_t bit, const std::string& word) {
   switch (bit) {
-    case shbit::kFindForcedMate: {
-      const std::pair<const char*, EForcedMateMode> modes[] = {
-          {"CheckOnly", EForcedMateMode::kCheckOnly},
-          {"#1", EForcedMateMode::kMateIn1},
-          {"#1+", EForcedMateMode::kMateIn1Plus}};
-      for (const auto& [name, mode] : modes)
-        if (text::EqualsNoCase(word, name)) return set.forcedMateMode = mode, true;
-      return false;
-    }
+    case shbit::kFindForcedMate:
+      return ApplyForcedMateWord(set, word);
     case shbit::kDontLoseAnyFigures:
       if (text::EqualsNoCase(word, "incl.pawns")) return set.nLoseFiguresLevel = 1, true;
       if (text::EqualsNoCase(word, "incl.pawnsBeforePromo")) return set.nLoseFiguresLevel = 2, true;
@@ -57,6 +73,11 @@ bool ApplyWord(THeuristicSet& set, std::uint32_t bit, const std::string& word) {
     default:
       return false;
   }
+}
+
+// A forced-mate set the user chose says so in its description, unless it is a preliminary run.
+void MarkCustom(THeuristicSet& set) {
+  set.bCustom = set.Has(shbit::kFindForcedMate) && !set.bPreliminary;
 }
 
 }  // namespace
@@ -90,6 +111,7 @@ TNamedSet ReadNamedSet(std::string_view text) {
     if (bit == 0 || !AddMember(named.set, bit, words)) named.sError = std::string(item);
     start = end + 1;
   }
+  MarkCustom(named.set);
   return named;
 }
 
@@ -106,6 +128,7 @@ std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
     else
       AddMember(initial, bit, words);  // words a member does not take are left at defaults
   }
+  MarkCustom(initial);
   if (initial.mask != 0) return heuristicplan::RelaxationPath(initial);
   std::vector<THeuristicSet> passes;
   for (THeuristicSet set : heuristicplan::AutomaticPasses(start, nMoves)) {

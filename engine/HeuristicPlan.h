@@ -15,13 +15,25 @@ inline constexpr int kFirstPassMs = 100;
 // Below this many moves the exact search is quick enough: no pass under heuristics.
 inline constexpr int kMinMovesForHeuristics = 6;
 
+// The moves at the end of a forced-mate mixture that are free of SH_FINDFORCEDMATE: the
+// quiet moves of a long mate come mostly just before it.
+inline constexpr int kMixtureEndMoves = 2;
+
+// The forced-mate passes: preliminary runs over the whole solution (checks, then threats of
+// mate in one), then the mixture, in which White's moves up to kMixtureEndMoves before the
+// end must check, capture, promote or threaten mate in one, and the last ones are free with
+// White's pieces kept.
+std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& start, int nMoves);
+
 // The passes chosen from the position: first the forced-mate runs (checks, then threats
 // too, then captures and promotions as well), then a run that keeps the black king where
 // it stands when it stands on or next to the edge. None below kMinMovesForHeuristics.
 std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves);
 
-// The next, less restricted set: a forced-mate mode widens, a strict edge form loosens,
-// otherwise the member that restricts most goes. The empty set after the last member.
+// The next, less restricted set: a forced-mate mode widens (CheckOnly, #1, #1+, #2+, #3, #4,
+// #5, #2 going to #2+; after #5 the member goes, and a mixture's other members then hold
+// from the first move), a strict edge form loosens, otherwise the member that restricts most
+// goes. The empty set after the last member.
 THeuristicSet Relax(const THeuristicSet& set);
 // initial and every relaxation of it before the empty set (at most a few dozen passes).
 std::vector<THeuristicSet> RelaxationPath(const THeuristicSet& initial);

@@ -102,6 +102,21 @@ TBreak CaptureBreaks(const TChessboard& after, const THeuristicContext& context)
   return {};
 }
 
+// A quiet White move must threaten mate in the mode's number of moves, or in as many as
+// are left after Black's reply if fewer: a longer threat could not come true in time.
+bool ForcedMateBreaks(const TChessboard& after, EForcedMateMode mode,
+                      const TThreatTest& threatens) {
+  if (after.IsBlackInCheck()) return false;
+  const TChessboard& before = *after.parent;
+  const bool bForcing =
+      before.squares[after.lastMove.to] != piece::kEmpty || after.lastMove.promotion != 0;
+  if (bForcing && forcedmate::LetsCapturesThrough(mode)) return false;
+  const int nThreat = std::min(forcedmate::ThreatMoves(mode), after.ply / 2);
+  if (nThreat <= 0) return true;
+  if (nThreat == 1) return !ThreatensMateInOne(after);
+  return !threatens || !threatens(after, nThreat);
+}
+
 }  // namespace
 
 int Distance(SquareIndex a, SquareIndex b) {
@@ -109,8 +124,13 @@ int Distance(SquareIndex a, SquareIndex b) {
                   std::abs(square::Rank(a) - square::Rank(b)));
 }
 
+int WhiteMoveNumber(const TChessboard& board) {
+  return (board.rootPlies - board.ply + 1) / 2;
+}
+
 TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& context) {
   const THeuristicSet& set = context.set;
+  if (!set.OthersHold(WhiteMoveNumber(after))) return {};
   if (const TBreak capture = CaptureBreaks(after, context); capture.bit != 0) return capture;
   if (IsKingMove(after)) return KingBreaks(after, context);
   const PieceCode moved = after.squares[after.lastMove.to];
@@ -128,9 +148,13 @@ TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& conte
   return {};
 }
 
-std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext& context) {
+std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext& context,
+                              const TThreatTest& threatens) {
   const THeuristicSet& set = context.set;
-  const TChessboard& before = *after.parent;
+  const int nMove = WhiteMoveNumber(after);
+  if (set.ForcedMateHolds(nMove) && ForcedMateBreaks(after, set.forcedMateMode, threatens))
+    return shbit::kFindForcedMate;
+  if (!set.OthersHold(nMove)) return 0;
   const TMove move = after.lastMove;
   const PieceCode moved = after.squares[move.to];
   if (set.Has(shbit::kKeyWhiteFigure) && move.from == set.keySquare) return shbit::kKeyWhiteFigure;
@@ -144,18 +168,12 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
   if (set.Has(shbit::kDontRecedeBlackKing) && moved == piece::kWhiteKing &&
       Distance(move.to, after.BlackKing()) > Distance(move.from, after.BlackKing()))
     return shbit::kDontRecedeBlackKing;
-  if (set.Has(shbit::kFindForcedMate) && !after.IsBlackInCheck()) {
-    const bool bForcing = before.squares[move.to] != piece::kEmpty || move.promotion != 0;
-    if (set.forcedMateMode == EForcedMateMode::kCheckOnly) return shbit::kFindForcedMate;
-    if (!(set.forcedMateMode == EForcedMateMode::kMateIn1Plus && bForcing) &&
-        !ThreatensMateInOne(after))
-      return shbit::kFindForcedMate;
-  }
   return 0;
 }
 
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context) {
   const THeuristicSet& set = context.set;
+  if (!set.OthersHold(WhiteMoveNumber(board) + 1)) return 0;
   const SquareIndex blackKing = board.BlackKing();
   if (set.Has(shbit::kAreKingsNear) && Distance(board.WhiteKing(), blackKing) > (board.ply + 1) / 2)
     return shbit::kAreKingsNear;

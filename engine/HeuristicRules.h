@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 
 #include "core/Chessboard.h"
 #include "engine/HeuristicSet.h"
@@ -28,13 +29,21 @@ struct TBreak {
 
 // after: the position Black's reply made (its parent is the position before the reply).
 TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& context);
-// after: the position White's move made, below the root.
-std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext& context);
+// Whether White, given the move again in after (Black to move), mates within nMoves moves.
+using TThreatTest = std::function<bool(const TChessboard& after, int nMoves)>;
+
+// after: the position White's move made, below the root. threatens answers for the modes of
+// SH_FINDFORCEDMATE that want a threat longer than mate in one (none: no such threat).
+std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext& context,
+                              const TThreatTest& threatens = {});
 // board: White to move, checked once White has no mate in one.
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context);
 
 // Whether White, given the move again in after (Black to move), would mate at once.
 bool ThreatensMateInOne(const TChessboard& after);
+// The number of White's move that made board or that Black's reply in board answered (1:
+// the key); for a White node, the number of the move it is about to make less one.
+int WhiteMoveNumber(const TChessboard& board);
 // King steps between two squares.
 int Distance(SquareIndex a, SquareIndex b);
 

@@ -8,8 +8,37 @@ std::uint32_t THeuristicSet::Params() const {
          static_cast<std::uint32_t>(edgeForm) << 7 | (bKingMoveExceptions ? 1u << 9 : 0) |
          static_cast<std::uint32_t>(keySquare) << 10 |
          static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
-         (bCornerInKingMoves ? 1u << 21 : 0);
+         (bCornerInKingMoves ? 1u << 21 : 0) | static_cast<std::uint32_t>(nForcedMateMoves) << 22 |
+         (bCustom ? 1u << 30 : 0);
 }
+
+namespace forcedmate {
+
+int ThreatMoves(EForcedMateMode mode) {
+  switch (mode) {
+    case EForcedMateMode::kCheckOnly:
+      return 0;
+    case EForcedMateMode::kMateIn1:
+    case EForcedMateMode::kMateIn1Plus:
+      return 1;
+    case EForcedMateMode::kMateIn2:
+    case EForcedMateMode::kMateIn2Plus:
+      return 2;
+    case EForcedMateMode::kMateIn3:
+      return 3;
+    case EForcedMateMode::kMateIn4:
+      return 4;
+    case EForcedMateMode::kMateIn5:
+      return 5;
+  }
+  return 0;
+}
+
+bool LetsCapturesThrough(EForcedMateMode mode) {
+  return mode == EForcedMateMode::kMateIn1Plus || mode == EForcedMateMode::kMateIn2Plus;
+}
+
+}  // namespace forcedmate
 
 namespace heuristicset {
 namespace {
@@ -23,7 +52,10 @@ std::string ForcedMateText(const THeuristicSet& set) {
   static constexpr const char* kModes[] = {"CheckOnly", "#1", "#1+", "#2", "#2+", "#3", "#4", "#5"};
   const int mode = static_cast<int>(set.forcedMateMode);
   std::string text = mode >= 2 && mode <= 9 ? kModes[mode - 2] : "";
-  if (set.bPreliminary) text += "-Preliminary";
+  if (set.bPreliminary)
+    text += "-Preliminary";
+  else if (set.bCustom)
+    text += "-Custom";
   return text;
 }
 

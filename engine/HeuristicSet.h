@@ -36,18 +36,37 @@ enum class EEdgeForm : std::uint8_t {
   kAllStrict,     // "STRICT": the edge line, no exception
 };
 
-// Modes of SH_FINDFORCEDMATE: which White moves are searched.
+// Modes of SH_FINDFORCEDMATE: which White moves are searched. A threat counts when White,
+// given the move again, would mate within that many moves; a "plus" mode lets captures and
+// promotions through as well.
 enum class EForcedMateMode : std::uint8_t {
-  kCheckOnly = 2,   // checks
-  kMateIn1 = 3,     // checks and moves that threaten mate in one
-  kMateIn1Plus = 4  // as kMateIn1, and captures and promotions
+  kCheckOnly = 2,    // checks
+  kMateIn1 = 3,      // checks and moves that threaten mate in one
+  kMateIn1Plus = 4,  // as kMateIn1, and captures and promotions
+  kMateIn2 = 5,      // checks and moves that threaten mate in two
+  kMateIn2Plus = 6,  // as kMateIn2, and captures and promotions
+  kMateIn3 = 7,      // checks and moves that threaten mate in three
+  kMateIn4 = 8,      // ... in four
+  kMateIn5 = 9,      // ... in five
 };
+
+namespace forcedmate {
+// The moves of the mate a quiet White move must threaten: 0 for checks only.
+int ThreatMoves(EForcedMateMode mode);
+// Whether captures and promotions are let through without a threat.
+bool LetsCapturesThrough(EForcedMateMode mode);
+}  // namespace forcedmate
 
 // A set of special heuristics: the mask and the values its members need.
 struct THeuristicSet {
   std::uint32_t mask = 0;
   EForcedMateMode forcedMateMode = EForcedMateMode::kCheckOnly;
-  bool bPreliminary = false;           // the forced-mate run that comes before the mixture
+  bool bPreliminary = false;  // the forced-mate run that comes before the mixture
+  bool bCustom = false;       // a forced-mate set the user named
+  // The forced-mate depth: SH_FINDFORCEDMATE holds for White's first this many moves, 0 for
+  // all of them. Beyond it a preliminary run ends its lines (the end of the forced-mate
+  // depth), and any other set goes on under its other members, which hold only there.
+  std::uint8_t nForcedMateMoves = 0;
   std::uint8_t nLoseFiguresLevel = 0;  // 0: pieces only, 1: pawns too, 2: pawns before promotion
   EEdgeForm edgeForm = EEdgeForm::kLoose;
   bool bKingMoveExceptions = false;       // the king may step straight back after its own move
@@ -57,6 +76,14 @@ struct THeuristicSet {
   bool bCannotApplyDlfuDynamically = false;
 
   bool Has(std::uint32_t bits) const { return (mask & bits) != 0; }
+  // Whether SH_FINDFORCEDMATE restricts White's move number nMove (1 is the key), and
+  // whether the other members hold there: the forced-mate mixture splits the solution.
+  bool ForcedMateHolds(int nMove) const {
+    return Has(shbit::kFindForcedMate) && (nForcedMateMoves == 0 || nMove <= nForcedMateMoves);
+  }
+  bool OthersHold(int nMove) const {
+    return !Has(shbit::kFindForcedMate) || nForcedMateMoves == 0 || nMove > nForcedMateMoves;
+  }
   // The parameters word: every value above packed, so that two sets with the same mask and
   // word restrict the search alike.
   std::uint32_t Params() const;

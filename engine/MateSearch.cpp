@@ -38,7 +38,9 @@ CMateSearch::CMateSearch(SearchContext& searchContext, std::uint16_t rootPlies)
       whiteKillers(rootPlies + 1u),
       blackKillers(rootPlies + 1u),
       logger(searchContext.pMovesLog ? std::make_unique<CMovesLogger>(*searchContext.pMovesLog)
-                                     : nullptr) {}
+                                     : nullptr),
+      threatTest(
+          [this](const TChessboard& after, int nMoves) { return ThreatensMate(after, nMoves); }) {}
 
 void CMateSearch::ReleaseBuffers() {
   line = {};
@@ -131,7 +133,7 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
 }
 
 std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
-  if (context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
+  if (context.pDoubtful == nullptr || bThreatSearch || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board))
     return std::nullopt;
   const std::uint8_t known =
@@ -144,8 +146,8 @@ std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) co
 
 void CMateSearch::FileDoubtful(const TChessboard& board) {
   // An interrupted search was cut by the stop, not by the selection.
-  if (Interrupted() || context.pDoubtful == nullptr || board.ply < kMinRegisterPlies ||
-      registerkey::HasEnPassantRight(board))
+  if (Interrupted() || context.pDoubtful == nullptr || bThreatSearch ||
+      board.ply < kMinRegisterPlies || registerkey::HasEnPassantRight(board))
     return;
   context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, Key(board), false);
 }
@@ -188,7 +190,7 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     if (known == 0) return mate::kNoMate;
   }
   if (const auto doubtful = FindDoubtful(board)) return *doubtful;
-  if (context.HasHeuristics()) {
+  if (Restricted()) {
     if (const auto cut = HeuristicCut(board)) return *cut;
   }
   if (HasShorterMate(board)) {
@@ -199,7 +201,7 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   const TMoveIndex* order;
   const int n = OrderedWhiteChildren(board, children, order);
   TWhiteTally tally;
-  if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 &&
+  if (splitBoard != nullptr && !bThreatSearch && board.ply >= kMinSplitPlies && n > 1 &&
       splitBoard->HasIdleWorkers()) {
     TSplitPoint split;
     split.children = children;
@@ -220,10 +222,19 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     FileAnswer(board, 1);
     return mate::kMate;
   }
-  return SettleWhiteFailure(board, tally.mark, tally.bDoubtful);
+  return SettleWhiteFailure(board, tally);
 }
 
 std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
+  const THeuristicSet& set = context.heuristics.set;
+  if (set.bPreliminary && set.nForcedMateMoves != 0 &&
+      heuristicrules::WhiteMoveNumber(board) >= set.nForcedMateMoves) {
+    // The preliminary run looks no further than its forced-mate depth; what lies beyond is
+    // not refuted, only left to the runs that follow.
+    if (MateInOne(board)) return mate::kMate;
+    context.NoteDoubtful(shbit::kFindForcedMate);
+    return mate::kForcedMateDepthEnd;
+  }
   const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
   if (bit == 0) return std::nullopt;
   // The mate in one is looked for first: a restriction never hides an immediate mate.
@@ -233,7 +244,7 @@ std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
 }
 
 MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
-  if (context.HasHeuristics()) {
+  if (Restricted()) {
     const heuristicrules::TBreak cut = heuristicrules::BlackReplyBreaks(child, context.heuristics);
     if (cut.bit != 0) {
       if (cut.bMateExcuses && MateInOne(child)) return mate::kMate;
@@ -247,8 +258,9 @@ MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
 void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally) {
   CountPosition();
   LogMove(*child.parent, child.lastMove, &child);
-  if (context.HasHeuristics()) {
-    if (const std::uint32_t bit = heuristicrules::WhiteMoveBreaks(child, context.heuristics)) {
+  if (Restricted()) {
+    if (const std::uint32_t bit =
+            heuristicrules::WhiteMoveBreaks(child, context.heuristics, threatTest)) {
       context.NoteDoubtful(bit);
       tally.bDoubtful = true;
       return;
@@ -269,6 +281,8 @@ void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tall
     tally.mark = std::max(tally.mark, repetitionMarks[child.ply]);
   } else if (result == mate::kDoubtful) {
     tally.bDoubtful = true;
+  } else if (result == mate::kForcedMateDepthEnd) {
+    tally.bDepthEnd = true;
   }
 }
 
@@ -316,14 +330,17 @@ bool CMateSearch::HasShorterMate(const TChessboard& board) {
   return false;
 }
 
-MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, std::uint16_t mark,
-                                           bool bDoubtful) {
+MateResult CMateSearch::SettleWhiteFailure(const TChessboard& board, const TWhiteTally& tally) {
   // Doubt outweighs a repetition: a repetition is settled as no mate further up, which holds
   // only when nothing else was cut.
-  if (bDoubtful) {
+  if (tally.bDoubtful) {
     FileDoubtful(board);
     return mate::kDoubtful;
   }
+  // The end of the forced-mate depth goes up to the root, which takes it for doubtful: it is
+  // never filed, so no position below the depth is ever taken for refuted.
+  if (tally.bDepthEnd) return mate::kForcedMateDepthEnd;
+  const std::uint16_t mark = tally.mark;
   if (mark > board.ply) {
     repetitionMarks[board.ply] = mark;
     return mate::kRepetition;
@@ -438,4 +455,30 @@ bool CMateSearch::MateInOne(const TChessboard& board) {
     if (bMated) return true;
   }
   return false;
+}
+
+bool CMateSearch::ThreatensMate(const TChessboard& after, int nMoves) {
+  assert(nMoves >= 1 && 2 * nMoves <= after.ply);
+  TChessboard again = after;
+  again.parent = nullptr;  // no en passant right for White from Black's last move
+  again.ply = static_cast<std::uint16_t>(2 * nMoves - 1);
+  if (!RecomputeChecks(again) || again.IsBlackInCheck()) return false;
+  // The threat is no move of the line: it stays out of the log, and out of reach of the
+  // pass's restrictions and of the other threads.
+  struct TThreatScope {
+    CMateSearch& search;
+    std::unique_ptr<CMovesLogger> logger;
+    const bool bWasThreat;
+    explicit TThreatScope(CMateSearch& owner)
+        : search(owner), logger(std::move(owner.logger)), bWasThreat(owner.bThreatSearch) {
+      search.bThreatSearch = true;
+    }
+    TThreatScope(const TThreatScope&) = delete;
+    TThreatScope& operator=(const TThreatScope&) = delete;
+    ~TThreatScope() {
+      search.logger = std::move(logger);
+      search.bThreatSearch = bWasThreat;
+    }
+  } scope(*this);
+  return WhiteNode(again) == mate::kMate;
 }

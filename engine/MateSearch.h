@@ -72,6 +72,12 @@ class CMateSearch {
   // failure in a selfmate.
   MateResult NoReplyResult(const TChessboard& board) const;
 
+  // Whether White, given the move again in after (Black to move), mates within nMoves moves:
+  // the plain search of that position, restricted by nothing, so its answers are exact and
+  // go to the register. nMoves must leave the plies of after's line untouched: at most
+  // after.ply / 2.
+  bool ThreatensMate(const TChessboard& after, int nMoves);
+
   // Legal positions made so far (read by the progress display from other threads).
   std::uint64_t Positions() const { return nPositions.load(std::memory_order_relaxed); }
   // Legal White successors of board in this thread's buffer for its ply, with the order
@@ -92,7 +98,9 @@ class CMateSearch {
   // Searches one Black reply: nothing when White mates after it (or it is illegal),
   // otherwise the node's result. nLegal counts the legal replies.
   std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply, int& nLegal);
-  MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
+  MateResult SettleWhiteFailure(const TChessboard& board, const TWhiteTally& tally);
+  // Whether the pass's restrictions hold in this search (a threat search has none).
+  bool Restricted() const { return context.HasHeuristics() && !bThreatSearch; }
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
   void SearchWhiteChildrenShared(TSplitPoint& split);
@@ -135,6 +143,9 @@ class CMateSearch {
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
   std::unique_ptr<CMovesLogger> logger;
+  // Set while the search answers a threat of SH_FINDFORCEDMATE.
+  bool bThreatSearch = false;
+  const heuristicrules::TThreatTest threatTest;
   // Why the last doubtful result was doubtful: a node that cuts a line sets it.
   std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;
 };

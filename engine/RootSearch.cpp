@@ -151,8 +151,13 @@ MateResult CRootSearch::SearchMove(CMateSearch& search, TRootTask& task) {
   queue.CloseToHelpers(task);
   WaitForHelpers(task);
   const std::lock_guard lock(task.refutationMutex);
-  // A repetition can only settle at this Black node: the root never counts as repeated.
-  if (task.bRefuted) return task.refutation == mate::kRepetition ? mate::kNoMate : task.refutation;
+  // A repetition can only settle at this Black node: the root never counts as repeated. The
+  // end of the forced-mate depth settles here too, as doubtful: the line was not refuted.
+  if (task.bRefuted) {
+    if (task.refutation == mate::kRepetition) return mate::kNoMate;
+    if (task.refutation == mate::kForcedMateDepthEnd) return mate::kDoubtful;
+    return task.refutation;
+  }
   return task.abandon.IsSet() || search.Interrupted() ? mate::kDoubtful : mate::kMate;
 }
 

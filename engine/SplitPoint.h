@@ -26,6 +26,7 @@ struct TWhiteTally {
   TMove mating{};
   std::uint16_t mark = 0;  // highest repeated ancestor among the failures
   bool bDoubtful = false;
+  bool bDepthEnd = false;  // a failure reached the end of the forced-mate depth
 
   void Merge(const TWhiteTally& other) {
     if (other.bMate && !bMate) {
@@ -34,6 +35,7 @@ struct TWhiteTally {
     }
     mark = std::max(mark, other.mark);
     bDoubtful = bDoubtful || other.bDoubtful;
+    bDepthEnd = bDepthEnd || other.bDepthEnd;
   }
 };
 

@@ -15,8 +15,8 @@ TEST(HeuristicChoice, NamedSetsReadAsWritten) {
   } cases[] = {
       {"auto", nullptr},
       {"none", "(none)"},
-      {"SH_FINDFORCEDMATE", "SH_FINDFORCEDMATE(CheckOnly)"},
-      {"sh_findforcedmate(#1+)", "SH_FINDFORCEDMATE(#1+)"},
+      {"SH_FINDFORCEDMATE", "SH_FINDFORCEDMATE(CheckOnly-Custom)"},
+      {"sh_findforcedmate(#1+)", "SH_FINDFORCEDMATE(#1+-Custom)"},
       {"SH_KEEPKINGONTHEEDGE(STRICT),SH_DONTLOSEANYFIGURES(incl.pawns)",
        "SH_KEEPKINGONTHEEDGE(STRICT), SH_DONTLOSEANYFIGURES(incl.pawns)"},
       {"SH_KEEPKINGONTHEEDGE(strict)", "SH_KEEPKINGONTHEEDGE(strict)"},

@@ -15,13 +15,21 @@ THeuristicSet Set(std::uint32_t mask) {
   return set;
 }
 
-// Sets of every kind of restriction: on White's moves, on Black's replies, on whole nodes.
+// Sets of every kind of restriction: on White's moves (every forced-mate mode, a forced-mate
+// depth of one move and the mixture beyond it), on Black's replies, on whole nodes.
 std::vector<std::vector<THeuristicSet>> Plans() {
   THeuristicSet edge = Set(shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures);
   edge.edgeForm = EEdgeForm::kStrict;
   THeuristicSet kings = Set(shbit::kDontLetKingMove | shbit::kAreKingsNear |
                             shbit::kAssertBlackKingSurrounded | shbit::kCaptureKnight);
+  THeuristicSet mixture = Set(shbit::kFindForcedMate | shbit::kDontLoseAnyFigures);
+  mixture.forcedMateMode = EForcedMateMode::kMateIn2Plus;
+  mixture.nForcedMateMoves = 1;
+  THeuristicSet preliminary = mixture;
+  preliminary.mask = shbit::kFindForcedMate;
+  preliminary.bPreliminary = true;
   return {heuristicplan::RelaxationPath(Set(shbit::kFindForcedMate)),
+          {preliminary, mixture},
           {edge},
           {kings},
           {Set(shbit::kDontLetFigureUnblock | shbit::kDontRecedeBlackKing |

@@ -67,6 +67,10 @@ TEST(HeuristicPlan, RelaxationPathWidensStepByStep) {
             (std::vector<std::string>{"SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(CheckOnly)",
                                       "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#1)",
                                       "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#1+)",
+                                      "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#2+)",
+                                      "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#3)",
+                                      "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#4)",
+                                      "SH_KEEPKINGONTHEEDGE(strict), SH_FINDFORCEDMATE(#5)",
                                       "SH_KEEPKINGONTHEEDGE(strict)", "SH_KEEPKINGONTHEEDGE"}));
   EXPECT_TRUE(heuristicplan::RelaxationPath(Set(0)).empty());
 }

@@ -55,14 +55,27 @@ constexpr TEngineRun kEngineRuns[] = {{1, false, "1 thread"},
                                       {1, true, "1 thread, repetitions cut"},
                                       {2, false, "2 threads, heuristic passes first", true}};
 
-// Restrictions of every kind: forced mates, the king at the edge, pieces kept, kings near.
+// Restrictions of every kind: forced mates of each kind of mode (checks, threats of mate in
+// one, with captures, threats searched out), a forced-mate depth of one move (its
+// preliminary run and its mixture), the king at the edge, pieces kept, kings near.
 std::vector<THeuristicSet> HeuristicPasses() {
-  THeuristicSet forced, edge;
-  forced.mask = shbit::kFindForcedMate;
+  std::vector<THeuristicSet> passes;
+  for (const EForcedMateMode mode : {EForcedMateMode::kCheckOnly, EForcedMateMode::kMateIn1,
+                                     EForcedMateMode::kMateIn2Plus, EForcedMateMode::kMateIn3}) {
+    THeuristicSet& forced = passes.emplace_back();
+    forced.mask = shbit::kFindForcedMate;
+    forced.forcedMateMode = mode;
+  }
+  THeuristicSet edge, shallow;
+  shallow.mask = shbit::kFindForcedMate | shbit::kAreKingsNear;
+  shallow.forcedMateMode = EForcedMateMode::kMateIn2;
+  shallow.nForcedMateMoves = 1;
+  shallow.bPreliminary = true;
   edge.mask = shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures | shbit::kAreKingsNear |
               shbit::kDontLetPromotedFigureMove;
   edge.edgeForm = EEdgeForm::kStrict;
-  std::vector<THeuristicSet> passes = heuristicplan::RelaxationPath(forced);
+  passes.push_back(shallow);
+  passes.push_back(heuristicplan::Relax(shallow));
   for (const THeuristicSet& set : heuristicplan::RelaxationPath(edge)) passes.push_back(set);
   return passes;
 }
