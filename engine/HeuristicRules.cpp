@@ -7,11 +7,14 @@
 #include "core/Attacks.h"
 #include "core/CheckPrediction.h"
 #include "core/MoveMaking.h"
+#include "engine/OneColourPlay.h"
+#include "engine/ZugzwangRules.h"
 
 THeuristicContext::THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root)
     : set(heuristics) {
   std::memcpy(rootSquares, root.squares, sizeof rootSquares);
   std::memcpy(nRootPieces, root.nPieces, sizeof nRootPieces);
+  if (set.Has(shbit::kSeaSnake)) nRootBlackMoves = zugzwangrules::CountBlackMoves(root);
 }
 
 namespace heuristicrules {
@@ -151,7 +154,9 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
         !ThreatensMateInOne(after))
       return shbit::kFindForcedMate;
   }
-  return 0;
+  if (set.Has(shbit::kOneColorPlay) && onecolour::WhiteMoveLeavesColour(after, set.oneColour))
+    return shbit::kOneColorPlay;
+  return zugzwangrules::WhiteMoveBreaks(after, set, context.nRootBlackMoves);
 }
 
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context) {

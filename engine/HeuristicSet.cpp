@@ -8,7 +8,7 @@ std::uint32_t THeuristicSet::Params() const {
          static_cast<std::uint32_t>(edgeForm) << 7 | (bKingMoveExceptions ? 1u << 9 : 0) |
          static_cast<std::uint32_t>(keySquare) << 10 |
          static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
-         (bCornerInKingMoves ? 1u << 21 : 0);
+         (bCornerInKingMoves ? 1u << 21 : 0) | static_cast<std::uint32_t>(oneColour) << 30;
 }
 
 namespace heuristicset {
@@ -57,12 +57,20 @@ std::string ParameterText(const THeuristicSet& set, std::uint32_t bit) {
       return EdgeText(set.edgeForm);
     case shbit::kKeepKingNearCorner:
       return std::to_string(set.nCornerDistance) + (set.bCornerInKingMoves ? "M" : "");
+    case shbit::kOneColorPlay:
+      return std::string(OneColourWord(set.oneColour));
     default:
       return "";
   }
 }
 
 }  // namespace
+
+std::string_view OneColourWord(EOneColour colour) {
+  static constexpr const char* kWords[] = {"SeparatedBlackBishop", "WhiteFieldsOnly",
+                                           "BlackFieldsOnly"};
+  return kWords[static_cast<int>(colour)];
+}
 
 std::string DescribeMember(const THeuristicSet& set, std::uint32_t bit) {
   if (bit == shbit::kDontLetKingMove)

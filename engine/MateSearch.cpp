@@ -9,6 +9,7 @@
 #include "engine/MoveOrdering.h"
 #include "engine/RegisterKey.h"
 #include "engine/Repetition.h"
+#include "engine/TableReduction.h"
 #include "registers/TableValue.h"
 
 namespace {
@@ -224,7 +225,11 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
 }
 
 std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
-  const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  if (bit == 0 && context.pTables != nullptr &&
+      context.heuristics.set.Has(shbit::kReductionToTables) &&
+      tablereduction::ReducedHasNoMate(board, *context.pTables))
+    bit = shbit::kReductionToTables;
   if (bit == 0) return std::nullopt;
   // The mate in one is looked for first: a restriction never hides an immediate mate.
   if (MateInOne(board)) return mate::kMate;

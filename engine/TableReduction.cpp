@@ -1,0 +1,56 @@
+#include "engine/TableReduction.h"
+
+#include <bit>
+#include <cstdint>
+
+#include "core/MoveGeneration.h"
+#include "engine/RegisterKey.h"
+#include "registers/TableValue.h"
+
+namespace tablereduction {
+namespace {
+
+// More men than this are not taken off: every subset of them is probed.
+constexpr int kMaxMen = 4;
+// The most pieces, kings included, the tables can hold.
+constexpr int kMaxTablePieces = 5;
+// Below this many plies the search settles the node sooner than the probes.
+constexpr std::uint16_t kMinPlies = 3;
+
+int PieceCount(const TChessboard& board) {
+  int n = 2;
+  for (const std::uint8_t count : board.nPieces) n += count;
+  return n;
+}
+
+}  // namespace
+
+bool ReducedHasNoMate(const TChessboard& board, CTableProbe& tables) {
+  if (board.ply < kMinPlies || movegen::CastlingRights(board) != 0 ||
+      registerkey::HasEnPassantRight(board))
+    return false;
+  SquareIndex men[kMaxMen];
+  int nMen = 0;
+  for (SquareIndex s = 0; s < 64; ++s) {
+    const PieceCode code = board.squares[s];
+    if (!piece::IsBlack(code) || piece::TypeOf(code) == piece::kKing) continue;
+    if (nMen == kMaxMen) return false;
+    men[nMen++] = s;
+  }
+  const int nMovesLeft = (board.ply + 1) / 2;
+  for (unsigned taken = 1; taken < 1u << nMen; ++taken) {
+    if (PieceCount(board) - std::popcount(taken) > kMaxTablePieces) continue;
+    TChessboard reduced = board;
+    reduced.parent = nullptr;
+    for (int i = 0; i < nMen; ++i)
+      if ((taken >> i & 1) != 0) reduced.squares[men[i]] = piece::kEmpty;
+    // A man that shielded its king from a check leaves a position that cannot occur.
+    if (!TryAnalyse(reduced, false) || reduced.IsBlackInCheck()) continue;
+    const auto value = tables.Probe(reduced);
+    if (!value || *value == tablevalue::kIllegal) continue;
+    if (!tablevalue::IsMate(*value) || *value > nMovesLeft) return true;
+  }
+  return false;
+}
+
+}  // namespace tablereduction
