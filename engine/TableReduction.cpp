@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/MoveGeneration.h"
+#include "engine/HeuristicRules.h"
 #include "engine/RegisterKey.h"
 #include "registers/TableValue.h"
 
@@ -33,7 +34,8 @@ bool ReducedHasNoMate(const TChessboard& board, CTableProbe& tables) {
   int nMen = 0;
   for (SquareIndex s = 0; s < 64; ++s) {
     const PieceCode code = board.squares[s];
-    if (!piece::IsBlack(code) || piece::TypeOf(code) == piece::kKing) continue;
+    // A man beside its king may be the self-block the mate needs: it stays.
+    if (!piece::IsBlack(code) || heuristicrules::Distance(s, board.BlackKing()) <= 1) continue;
     if (nMen == kMaxMen) return false;
     men[nMen++] = s;
   }

@@ -6,12 +6,13 @@
 // ones. Taking Black's men off the board (the king stays) rarely makes White's task harder
 // in a miniature without a stalemate motive: the men can only cover their king, block
 // White's lines and capture. So when a reduced position that the tables hold has no mate
-// within the moves left, the full position is taken to have none either. Self-blocks are
-// what this misses, which is why the answer is a doubt and never "no mate".
+// within the moves left, the full position is taken to have none either. The men beside
+// their king stay, as they may be the self-blocks of the mate; what else this misses is why
+// the answer is a doubt and never "no mate".
 namespace tablereduction {
 
 // board: White to move below the root. Whether some reduction of it (one or more black men
-// taken off) is held by the tables and has no mate within the moves left.
+// away from their king taken off) is held by the tables and has no mate within the moves left.
 bool ReducedHasNoMate(const TChessboard& board, CTableProbe& tables);
 
 }  // namespace tablereduction

@@ -47,7 +47,9 @@ TEST(TableReduction, ReducedPositionsJudgeTheFullOne) {
        false},
       {"too near the end to ask", "8/p7/8/4k3/8/8/8/KQ6 w - - 0 1", 1, false, false},
       {"no men to take off", "8/8/8/4k3/8/8/8/KQ6 w - - 0 1", 3, false, false},
-      {"too many men", "4k3/ppppp3/8/8/8/8/8/1N2K3 w - - 0 1", 5, false, false},
+      {"too many men", "7k/8/8/8/pppp4/4p3/8/1N2K3 w - - 0 1", 5, false, false},
+      {"a man beside its king may be a self-block", "7k/7p/5K2/8/8/8/8/6Q1 w - - 0 1", 3, false,
+       false},
       {"castling rights", "4k3/p7/8/8/8/8/8/4K2R w K - 0 1", 3, false, false},
   };
   for (const auto& c : cases) {
