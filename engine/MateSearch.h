@@ -92,6 +92,12 @@ class CMateSearch {
   // Searches one Black reply: nothing when White mates after it (or it is illegal),
   // otherwise the node's result. nLegal counts the legal replies.
   std::optional<MateResult> TryBlackReply(const TChessboard& board, TMove reply, int& nLegal);
+  // Searches Black's pass of the one-colour reduction (see OneColourPlay.h) as TryBlackReply
+  // searches a reply.
+  std::optional<MateResult> TryPass(const TChessboard& board, int& nLegal);
+  // What TryBlackReply returns for the child its reply (bMove) or pass made.
+  std::optional<MateResult> SearchReply(const TChessboard& board, const TChessboard& child,
+                                        bool bMove);
   MateResult SettleWhiteFailure(const TChessboard& board, std::uint16_t mark, bool bDoubtful);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);

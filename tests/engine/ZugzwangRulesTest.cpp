@@ -5,19 +5,12 @@
 
 #include "HeuristicLine.h"
 #include "engine/HeuristicRules.h"
-#include "engine/OneColourPlay.h"
 #include "engine/ZugzwangRules.h"
 
 namespace {
 
 using heuristictest::CLine;
 using heuristictest::Set;
-
-THeuristicSet OneColour(EOneColour form) {
-  THeuristicSet set = Set(shbit::kOneColorPlay);
-  set.oneColour = form;
-  return set;
-}
 
 struct TMoveCase {
   const char* what;
@@ -35,7 +28,6 @@ TEST(ZugzwangRules, WhiteMovesThatLeaveThePattern) {
   const char* kPendulum = "6k1/6pp/3K4/8/8/8/8/8 w - - 0 1";
   const char* kNoPendulum = "6k1/7p/3K4/8/8/8/8/8 w - - 0 1";
   const char* kSnake = "8/6p1/6p1/2N3p1/1p4p1/bP4p1/5pPk/1K3B1n w - - 0 1";
-  const char* kBishops = "5bk1/8/8/8/8/3B4/8/2K5 w - - 0 1";
   const THeuristicSet sweep = Set(shbit::kSweepingWhiteRook);
   const THeuristicSet triangle = Set(shbit::kZugzwangTriangles);
   const THeuristicSet snake = Set(shbit::kSeaSnake);
@@ -58,41 +50,6 @@ TEST(ZugzwangRules, WhiteMovesThatLeaveThePattern) {
        0},
       {"snake: Black stays tied", kSnake, {"c5e4"}, snake, 0},
       {"snake: the bishop frees the pawn", kSnake, {"f1e2"}, snake, shbit::kSeaSnake},
-      {"one colour: the bishop's squares",
-       kBishops,
-       {"d3e4"},
-       OneColour(EOneColour::kBishopColour),
-       0},
-      {"one colour: the king along them",
-       kBishops,
-       {"c1d1"},
-       OneColour(EOneColour::kBishopColour),
-       0},
-      {"one colour: the king off them",
-       kBishops,
-       {"c1d2"},
-       OneColour(EOneColour::kBishopColour),
-       shbit::kOneColorPlay},
-      {"light squares: the king off them",
-       kBishops,
-       {"c1d2"},
-       OneColour(EOneColour::kLightSquares),
-       shbit::kOneColorPlay},
-      {"dark squares: the black bishop's own",
-       kBishops,
-       {"c1d2"},
-       OneColour(EOneColour::kDarkSquares),
-       0},
-      {"one colour: bishops of one colour",
-       "6k1/5b2/8/8/8/3B4/8/2K5 w - - 0 1",
-       {"c1d2"},
-       OneColour(EOneColour::kBishopColour),
-       0},
-      {"one colour: a rook on the board",
-       "5bk1/8/8/8/8/3B4/8/R1K5 w - - 0 1",
-       {"c1d2"},
-       OneColour(EOneColour::kBishopColour),
-       0},
   };
   for (const TMoveCase& c : cases) {
     SCOPED_TRACE(c.what);
@@ -132,32 +89,6 @@ TEST(ZugzwangRules, PatternsRecogniseTheirPositions) {
   for (const auto& c : cases) {
     CLine line(c.fen);
     EXPECT_EQ(c.pattern(line.Root()), c.bExpected) << c.what;
-  }
-}
-
-// The forms of one-colour play pick their squares, or none when the bishops do not fit.
-TEST(OneColourPlay, ColourOfEachForm) {
-  const char* kLightWhiteBishop = "5bk1/8/8/8/8/3B4/8/2K5 w - - 0 1";
-  const char* kDarkWhiteBishop = "4b1k1/8/8/8/8/2B5/8/2K5 w - - 0 1";
-  const struct {
-    const char* fen;
-    EOneColour form;
-    int expected;  // 1 light, 0 dark, -1 none
-  } cases[] = {
-      {kLightWhiteBishop, EOneColour::kBishopColour, 1},
-      {kLightWhiteBishop, EOneColour::kLightSquares, 1},
-      {kLightWhiteBishop, EOneColour::kDarkSquares, -1},
-      {kDarkWhiteBishop, EOneColour::kBishopColour, 0},
-      {kDarkWhiteBishop, EOneColour::kDarkSquares, 0},
-      {kDarkWhiteBishop, EOneColour::kLightSquares, -1},
-      {"4bnk1/8/8/8/8/2B5/8/2K5 w - - 0 1", EOneColour::kBishopColour, -1},
-      {"4b1k1/8/8/8/8/2B5/8/2KB4 w - - 0 1", EOneColour::kBishopColour, -1},
-  };
-  for (const auto& c : cases) {
-    CLine line(c.fen);
-    const std::optional<bool> colour = onecolour::PlayColour(line.Root(), c.form);
-    EXPECT_EQ(colour ? (*colour ? 1 : 0) : -1, c.expected)
-        << c.fen << " " << heuristicset::OneColourWord(c.form);
   }
 }
 
