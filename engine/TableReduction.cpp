@@ -24,23 +24,35 @@ int PieceCount(const TChessboard& board) {
   return n;
 }
 
+// The black men that may be taken off, written to men; -1 when there are too many.
+int TakeableMen(const TChessboard& board, SquareIndex* men) {
+  int nMen = 0;
+  for (SquareIndex s = 0; s < 64; ++s) {
+    const PieceCode code = board.squares[s];
+    // A man beside its king may be the self-block the mate needs: it stays.
+    if (!piece::IsBlack(code) || heuristicrules::Distance(s, board.BlackKing()) <= 1) continue;
+    if (nMen == kMaxMen) return -1;
+    men[nMen++] = s;
+  }
+  return nMen;
+}
+
 }  // namespace
+
+bool MayReduce(const TChessboard& board) {
+  SquareIndex men[kMaxMen];
+  const int nMen = TakeableMen(board, men);
+  return nMen > 0 && PieceCount(board) - nMen <= kMaxTablePieces;
+}
 
 bool ReducedHasNoMate(const TChessboard& board, CTableProbe& tables) {
   if (board.ply < kMinPlies || movegen::CastlingRights(board) != 0 ||
       registerkey::HasEnPassantRight(board))
     return false;
   SquareIndex men[kMaxMen];
-  int nMen = 0;
-  for (SquareIndex s = 0; s < 64; ++s) {
-    const PieceCode code = board.squares[s];
-    // A man beside its king may be the self-block the mate needs: it stays.
-    if (!piece::IsBlack(code) || heuristicrules::Distance(s, board.BlackKing()) <= 1) continue;
-    if (nMen == kMaxMen) return false;
-    men[nMen++] = s;
-  }
+  const int nMen = TakeableMen(board, men);
   const int nMovesLeft = (board.ply + 1) / 2;
-  for (unsigned taken = 1; taken < 1u << nMen; ++taken) {
+  for (unsigned taken = 1; nMen > 0 && taken < 1u << nMen; ++taken) {
     if (PieceCount(board) - std::popcount(taken) > kMaxTablePieces) continue;
     TChessboard reduced = board;
     reduced.parent = nullptr;

@@ -14,5 +14,7 @@ namespace tablereduction {
 // board: White to move below the root. Whether some reduction of it (one or more black men
 // away from their king taken off) is held by the tables and has no mate within the moves left.
 bool ReducedHasNoMate(const TChessboard& board, CTableProbe& tables);
+// Whether some reduction of board is small enough for the tables: where the rule can apply.
+bool MayReduce(const TChessboard& board);
 
 }  // namespace tablereduction

@@ -38,6 +38,7 @@ TEST(TableReduction, ReducedPositionsJudgeTheFullOne) {
     std::uint16_t ply;
     bool bExpected;
     bool bProbed = true;
+    bool bReducible = true;  // some reduction small enough for the tables
   } cases[] = {
       {"the queen mates without the pawn", "7k/p7/5K2/8/8/8/8/6Q1 w - - 0 1", 3, false},
       {"and without both pawns", "7k/pp6/5K2/8/8/8/8/6Q1 w - - 0 1", 3, false},
@@ -46,10 +47,10 @@ TEST(TableReduction, ReducedPositionsJudgeTheFullOne) {
       {"the pawn shields its king from the queen", "7k/8/8/8/3p4/8/8/Q1K5 w - - 0 1", 3, false,
        false},
       {"too near the end to ask", "8/p7/8/4k3/8/8/8/KQ6 w - - 0 1", 1, false, false},
-      {"no men to take off", "8/8/8/4k3/8/8/8/KQ6 w - - 0 1", 3, false, false},
-      {"too many men", "7k/8/8/8/pppp4/4p3/8/1N2K3 w - - 0 1", 5, false, false},
+      {"no men to take off", "8/8/8/4k3/8/8/8/KQ6 w - - 0 1", 3, false, false, false},
+      {"too many men", "7k/8/8/8/pppp4/4p3/8/1N2K3 w - - 0 1", 5, false, false, false},
       {"a man beside its king may be a self-block", "7k/7p/5K2/8/8/8/8/6Q1 w - - 0 1", 3, false,
-       false},
+       false, false},
       {"castling rights", "4k3/p7/8/8/8/8/8/4K2R w K - 0 1", 3, false, false},
   };
   for (const auto& c : cases) {
@@ -58,6 +59,7 @@ TEST(TableReduction, ReducedPositionsJudgeTheFullOne) {
     CShortMateProbe tables;
     EXPECT_EQ(tablereduction::ReducedHasNoMate(line.Root(), tables), c.bExpected);
     EXPECT_EQ(tables.nHeld > 0, c.bProbed);
+    EXPECT_EQ(tablereduction::MayReduce(line.Root()), c.bReducible);
   }
 }
 
