@@ -33,7 +33,6 @@ TEST(ZugzwangRules, WhiteMovesThatLeaveThePattern) {
   const THeuristicSet snake = Set(shbit::kSeaSnake);
   const TMoveCase cases[] = {
       {"rook: to the edge", kRookInside, {"e5e8"}, sweep, 0},
-      {"rook: along the edges", kRookOnEdge, {"e8b8"}, sweep, 0},
       {"rook: off the edge", kRookOnEdge, {"e8e7"}, sweep, shbit::kSweepingWhiteRook},
       {"rook: off the edge to capture", kRookOnEdge, {"e8e6"}, sweep, 0},
       {"triangle: back next to the old square", kPendulum, {"d6e7", "g8h8", "e7e6"}, triangle, 0},
