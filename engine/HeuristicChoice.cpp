@@ -68,6 +68,12 @@ bool ApplyWord(THeuristicSet& set, std::uint32_t bit, const std::string& word) {
       set.bCornerInKingMoves = bMoves;
       return true;
     }
+    case shbit::kOneColorPlay:
+      for (const EOneColour colour :
+           {EOneColour::kBishopColour, EOneColour::kLightSquares, EOneColour::kDarkSquares})
+        if (text::EqualsNoCase(word, heuristicset::OneColourWord(colour)))
+          return set.oneColour = colour, true;
+      return false;
     case shbit::kDontLetKingMove:
       return text::EqualsNoCase(word, "excptns") && (set.bKingMoveExceptions = true);
     default:

@@ -7,11 +7,14 @@
 #include "core/Attacks.h"
 #include "core/CheckPrediction.h"
 #include "core/MoveMaking.h"
+#include "engine/OneColourPlay.h"
+#include "engine/ZugzwangRules.h"
 
 THeuristicContext::THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root)
     : set(heuristics) {
   std::memcpy(rootSquares, root.squares, sizeof rootSquares);
   std::memcpy(nRootPieces, root.nPieces, sizeof nRootPieces);
+  if (set.Has(shbit::kSeaSnake)) nRootBlackMoves = zugzwangrules::CountBlackMoves(root);
 }
 
 namespace heuristicrules {
@@ -168,7 +171,9 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
   if (set.Has(shbit::kDontRecedeBlackKing) && moved == piece::kWhiteKing &&
       Distance(move.to, after.BlackKing()) > Distance(move.from, after.BlackKing()))
     return shbit::kDontRecedeBlackKing;
-  return 0;
+  if (set.Has(shbit::kOneColorPlay) && onecolour::WhiteMoveLeavesColour(after, set.oneColour))
+    return shbit::kOneColorPlay;
+  return zugzwangrules::WhiteMoveBreaks(after, set, context.nRootBlackMoves);
 }
 
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context) {

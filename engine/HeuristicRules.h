@@ -15,6 +15,7 @@ struct THeuristicContext {
   // The start position: where Black's pieces stood and how many of each kind it had.
   PieceCode rootSquares[64] = {};
   std::uint8_t nRootPieces[10] = {};
+  int nRootBlackMoves = 0;  // Black's moves there, counted only for SH_SEASNAKE
 
   THeuristicContext() = default;
   THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root);

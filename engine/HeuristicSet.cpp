@@ -89,12 +89,20 @@ std::string ParameterText(const THeuristicSet& set, std::uint32_t bit) {
       return EdgeText(set.edgeForm);
     case shbit::kKeepKingNearCorner:
       return std::to_string(set.nCornerDistance) + (set.bCornerInKingMoves ? "M" : "");
+    case shbit::kOneColorPlay:
+      return std::string(OneColourWord(set.oneColour));
     default:
       return "";
   }
 }
 
 }  // namespace
+
+std::string_view OneColourWord(EOneColour colour) {
+  static constexpr const char* kWords[] = {"SeparatedBlackBishop", "WhiteFieldsOnly",
+                                           "BlackFieldsOnly"};
+  return kWords[static_cast<int>(colour)];
+}
 
 std::string DescribeMember(const THeuristicSet& set, std::uint32_t bit) {
   if (bit == shbit::kDontLetKingMove)

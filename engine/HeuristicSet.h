@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/PieceCode.h"
 
@@ -9,7 +10,10 @@
 // name and takes the unnamed bit 0x100.
 namespace shbit {
 constexpr std::uint32_t kAreKingsNear = 0x1;
+constexpr std::uint32_t kSweepingWhiteRook = 0x2;
 constexpr std::uint32_t kKeepKingOnTheEdge = 0x4;
+constexpr std::uint32_t kOneColorPlay = 0x8;
+constexpr std::uint32_t kZugzwangTriangles = 0x10;
 constexpr std::uint32_t kDontLeaveMainDiagonal = 0x20;
 constexpr std::uint32_t kKeepKingWithinExtEdge = 0x40;
 constexpr std::uint32_t kDontLetFigureUnblock = 0x80;
@@ -26,6 +30,8 @@ constexpr std::uint32_t kKeyWhiteFigure = 0x400000;
 constexpr std::uint32_t kCaptureKnight = 0x800000;
 constexpr std::uint32_t kDontLetPromotedFigureMove = 0x2000000;
 constexpr std::uint32_t kKeepKingNearCorner = 0x4000000;
+constexpr std::uint32_t kSeaSnake = 0x8000000;
+constexpr std::uint32_t kReductionToTables = 0x40000000;
 }  // namespace shbit
 
 // How strictly the king-edge restrictions hold the black king.
@@ -56,6 +62,12 @@ int ThreatMoves(EForcedMateMode mode);
 // Whether captures and promotions are let through without a threat.
 bool LetsCapturesThrough(EForcedMateMode mode);
 }  // namespace forcedmate
+// Which squares White keeps to under SH_ONECOLORPLAYPOSSIBLE.
+enum class EOneColour : std::uint8_t {
+  kBishopColour,  // "SeparatedBlackBishop": those of White's bishop, the black one on the others
+  kLightSquares,  // "WhiteFieldsOnly"
+  kDarkSquares,   // "BlackFieldsOnly"
+};
 
 // A set of special heuristics: the mask and the values its members need.
 struct THeuristicSet {
@@ -73,6 +85,7 @@ struct THeuristicSet {
   SquareIndex keySquare = square::kNone;  // SH_KEYFIELD and SH_KEYWHITEFIGURE
   std::uint8_t nCornerDistance = 2;       // SH_KEEPKINGNEARCORNER
   bool bCornerInKingMoves = false;        // counted in king moves (else in squares)
+  EOneColour oneColour = EOneColour::kBishopColour;
   bool bCannotApplyDlfuDynamically = false;
 
   bool Has(std::uint32_t bits) const { return (mask & bits) != 0; }
@@ -93,6 +106,8 @@ struct THeuristicSet {
 namespace heuristicset {
 // "SH_FINDFORCEDMATE(#2-Preliminary)": a member's name and its parameter text.
 std::string DescribeMember(const THeuristicSet& set, std::uint32_t bit);
+// The parameter word of a one-colour form.
+std::string_view OneColourWord(EOneColour colour);
 // Every member's description, joined with ", "; "(none)" for the empty set.
 std::string Describe(const THeuristicSet& set);
 }  // namespace heuristicset

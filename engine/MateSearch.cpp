@@ -7,8 +7,10 @@
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "engine/MoveOrdering.h"
+#include "engine/OneColourPlay.h"
 #include "engine/RegisterKey.h"
 #include "engine/Repetition.h"
+#include "engine/TableReduction.h"
 #include "registers/TableValue.h"
 
 namespace {
@@ -105,7 +107,7 @@ void CMateSearch::SetPausedAlone(bool bPaused) {
 
 bool CMateSearch::UsesRegister(const TChessboard& board) const {
   return context.pRegister != nullptr && board.ply >= kMinRegisterPlies &&
-         !registerkey::HasEnPassantRight(board);
+         !registerkey::HasEnPassantRight(board) && !onecolour::IsReduced(board);
 }
 
 std::optional<MateResult> CMateSearch::ProbeTables(const TChessboard& board) const {
@@ -113,7 +115,7 @@ std::optional<MateResult> CMateSearch::ProbeTables(const TChessboard& board) con
   // passant rights.
   if (context.pTables == nullptr || board.ply < kMinRegisterPlies ||
       PieceCount(board) > kMaxTablePieces || movegen::CastlingRights(board) != 0 ||
-      registerkey::HasEnPassantRight(board))
+      registerkey::HasEnPassantRight(board) || onecolour::IsReduced(board))
     return std::nullopt;
   const auto value = context.pTables->Probe(board);
   if (!value) return std::nullopt;
@@ -134,7 +136,7 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
 
 std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
   if (context.pDoubtful == nullptr || bThreatSearch || board.ply < kMinRegisterPlies ||
-      registerkey::HasEnPassantRight(board))
+      registerkey::HasEnPassantRight(board) || onecolour::IsReduced(board))
     return std::nullopt;
   const std::uint8_t known =
       context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply, Key(board));
@@ -147,7 +149,8 @@ std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) co
 void CMateSearch::FileDoubtful(const TChessboard& board) {
   // An interrupted search was cut by the stop, not by the selection.
   if (Interrupted() || context.pDoubtful == nullptr || bThreatSearch ||
-      board.ply < kMinRegisterPlies || registerkey::HasEnPassantRight(board))
+      board.ply < kMinRegisterPlies || registerkey::HasEnPassantRight(board) ||
+      onecolour::IsReduced(board))
     return;
   context.pDoubtful->InsertDoubtful(context.doubtfulSelection, board.ply, Key(board), false);
 }
@@ -235,7 +238,10 @@ std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
     context.NoteDoubtful(shbit::kFindForcedMate);
     return mate::kForcedMateDepthEnd;
   }
-  const std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
+  if (bit == 0 && context.pTables != nullptr && set.Has(shbit::kReductionToTables) &&
+      tablereduction::ReducedHasNoMate(board, *context.pTables))
+    bit = shbit::kReductionToTables;
   if (bit == 0) return std::nullopt;
   // The mate in one is looked for first: a restriction never hides an immediate mate.
   if (MateInOne(board)) return mate::kMate;
@@ -377,14 +383,25 @@ MateResult CMateSearch::SearchBlackNode(const TChessboard& board) {
 }
 
 MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
+  const THeuristicSet& set = context.heuristics.set;
+  const bool bPass = set.Has(shbit::kOneColorPlay) && onecolour::MayPass(board, set.oneColour);
+  if (bPass && onecolour::IsReduced(board) && onecolour::MayBeRealStalemate(board)) {
+    context.NoteDoubtful(shbit::kOneColorPlay);
+    return mate::kDoubtful;
+  }
   int nLegal = 0;
+  if (bPass) {
+    if (const auto result = TryPass(board, nLegal)) return *result;
+  }
   // Next to the horizon the reply that refuted a sibling refutes almost always: it is tried
   // before the others are generated, which then are mostly never needed, and the ordering
   // would cost more than it saves.
   const bool bNearHorizon = board.ply <= 2;
   const TMove killer = blackKillers[board.ply];
   TMove generatedKiller;
-  const bool bKillerFirst = bNearHorizon && movegen::FindPieceMove(board, killer, &generatedKiller);
+  const bool bKillerFirst = bNearHorizon &&
+                            movegen::FindPieceMove(board, killer, &generatedKiller) &&
+                            !(bPass && onecolour::IsBishopMove(board, killer));
   if (bKillerFirst) {
     if (const auto result = TryBlackReply(board, generatedKiller, nLegal)) return *result;
   }
@@ -394,6 +411,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   if (!bNearHorizon) ordering::OrderBlackReplies(board, moves, n, killer);
   for (int i = 0; i < n; ++i) {
     if (bKillerFirst && moves[i].SameMove(killer)) continue;
+    if (bPass && onecolour::IsBishopMove(board, moves[i])) continue;  // the pass stands for them
     if (const auto result = TryBlackReply(board, moves[i], nLegal)) return *result;
   }
   return nLegal != 0 ? mate::kMate : NoReplyResult(board);
@@ -412,6 +430,24 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
   ++nLegal;
   CountPosition();
   LogMove(board, reply, &child);
+  return SearchReply(board, child, true);
+}
+
+std::optional<MateResult> CMateSearch::TryPass(const TChessboard& board, int& nLegal) {
+  assert(board.ply < line.size());
+  TChessboard& child = line[board.ply];
+  onecolour::MakePass(board, child, context.heuristics.set.oneColour);
+  ++nLegal;
+  CountPosition();
+  const std::optional<MateResult> result = SearchReply(board, child, false);
+  if (!result || *result == mate::kDoubtful || onecolour::IsReduced(board)) return result;
+  // Where the reduced game begins, its failure proves nothing of the real one.
+  context.NoteDoubtful(shbit::kOneColorPlay);
+  return mate::kDoubtful;
+}
+
+std::optional<MateResult> CMateSearch::SearchReply(const TChessboard& board,
+                                                   const TChessboard& child, bool bMove) {
   MateResult result;
   const std::uint16_t repeated =
       (context.bCutRepetitions ? repetition::RepeatedAncestorPly(child) : 0);
@@ -419,10 +455,10 @@ std::optional<MateResult> CMateSearch::TryBlackReply(const TChessboard& board, T
     repetitionMarks[child.ply] = repeated;
     result = mate::kRepetition;
   } else {
-    result = WhiteNodeAfterReply(child);
+    result = bMove ? WhiteNodeAfterReply(child) : WhiteNode(child);
   }
   if (result == mate::kMate) return std::nullopt;
-  blackKillers[board.ply] = reply;
+  if (bMove) blackKillers[board.ply] = child.lastMove;
   if (result != mate::kRepetition) return result;
   const std::uint16_t mark = repetitionMarks[child.ply];
   if (mark > board.ply) {

@@ -101,6 +101,12 @@ class CMateSearch {
   MateResult SettleWhiteFailure(const TChessboard& board, const TWhiteTally& tally);
   // Whether the pass's restrictions hold in this search (a threat search has none).
   bool Restricted() const { return context.HasHeuristics() && !bThreatSearch; }
+  // Searches Black's pass of the one-colour reduction (see OneColourPlay.h) as TryBlackReply
+  // searches a reply.
+  std::optional<MateResult> TryPass(const TChessboard& board, int& nLegal);
+  // What TryBlackReply returns for the child its reply (bMove) or pass made.
+  std::optional<MateResult> SearchReply(const TChessboard& board, const TChessboard& child,
+                                        bool bMove);
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
   void SearchWhiteChildrenShared(TSplitPoint& split);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "DirectMateRows.h"
-#include "MoveLine.h"
+#include "HeuristicLine.h"
 #include "engine/HeuristicChoice.h"
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSearch.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-using testline::CLine;
+using heuristictest::CLine;
 
 constexpr std::pair<EForcedMateMode, const char*> kModes[] = {
     {EForcedMateMode::kCheckOnly, "CheckOnly"}, {EForcedMateMode::kMateIn1, "#1"},

@@ -33,7 +33,9 @@ std::vector<std::vector<THeuristicSet>> Plans() {
           {edge},
           {kings},
           {Set(shbit::kDontLetFigureUnblock | shbit::kDontRecedeBlackKing |
-               shbit::kDontLetBlackQueenCheckTwice)}};
+               shbit::kDontLetBlackQueenCheckTwice)},
+          {Set(shbit::kSweepingWhiteRook | shbit::kZugzwangTriangles | shbit::kSeaSnake |
+               shbit::kOneColorPlay)}};
 }
 
 struct TRun {

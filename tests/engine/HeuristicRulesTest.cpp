@@ -1,22 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <string>
 #include <vector>
 
-#include "MoveLine.h"
+#include "HeuristicLine.h"
 #include "engine/HeuristicRules.h"
 
 namespace {
 
 using heuristicrules::TBreak;
-using testline::CLine;
+using heuristictest::CLine;
+using heuristictest::Set;
 
-THeuristicSet Set(std::uint32_t mask) {
-  THeuristicSet set;
-  set.mask = mask;
-  return set;
-}
 THeuristicSet EdgeSet(std::uint32_t mask, EEdgeForm form) {
   THeuristicSet set = Set(mask);
   set.edgeForm = form;

@@ -54,6 +54,9 @@ TEST(HeuristicSet, ParamsTellSetsApart) {
   d.bCornerInKingMoves = true;
   EXPECT_NE(a.Params(), b.Params());
   EXPECT_NE(c.Params(), d.Params());
+  THeuristicSet e = Set(shbit::kOneColorPlay), f = e;
+  f.oneColour = EOneColour::kDarkSquares;
+  EXPECT_NE(e.Params(), f.Params());
 }
 
 // Relaxation widens the forced-mate modes, loosens the edge, then drops members, and ends.

@@ -1,4 +1,5 @@
 #pragma once
+// What the tests of the heuristic rules play their lines on.
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -7,8 +8,9 @@
 
 #include "core/Fen.h"
 #include "core/MoveMaking.h"
+#include "engine/HeuristicSet.h"
 
-namespace testline {
+namespace heuristictest {
 
 // A position read from FEN and a line of moves played from it ("e2e4" square pairs); the
 // positions stay put, so that each keeps its parent.
@@ -40,4 +42,10 @@ class CLine {
   std::deque<TChessboard> positions;
 };
 
-}  // namespace testline
+inline THeuristicSet Set(std::uint32_t mask) {
+  THeuristicSet set;
+  set.mask = mask;
+  return set;
+}
+
+}  // namespace heuristictest
