@@ -16,6 +16,7 @@
 #include "engine/HeuristicChoice.h"
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 
 namespace {
 
@@ -45,14 +46,18 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
   if (!fen::ReadFen(start, row.at("fen")))
     throw std::runtime_error("Improper FEN code: " + row.at("id"));
   const int nMoves = std::stoi(row.at("n"));
-  TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
+  // As a user's solve: the doubtful answers of the heuristic passes kept for their next turns,
+  // and quick mode where the position allows it.
+  TAggregatedTemporaryChessboardRegister reg(static_cast<std::uint32_t>(args.nRegisterElements));
   CMateSolver solver(start, nMoves,
                      {.nThreads = args.nThreads,
                       .nMaxSolutions = 1,
                       .pRegister = &reg,
+                      .pDoubtful = &reg,
                       .pTables = tables,
                       .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named),
                       .bPass2 = !args.bNoPass2,
+                      .bQuickMode = !heuristicchoice::ForcesSafeMode(start),
                       .nFirstPassMs = heuristicplan::kFirstPassMs});
   const auto begin = std::chrono::steady_clock::now();
   TRowResult result;
