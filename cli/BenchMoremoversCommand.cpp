@@ -27,6 +27,7 @@ struct TBenchMoremoversArguments {
   int nThreads = 2;
   std::string heuristics = "auto";
   bool bNoPass2 = false;
+  bool bNoDynamicDlfu = false;
   std::int64_t nRegisterElements = 4'000'000;
   bool bNoTables = false;
 };
@@ -55,7 +56,8 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
                       .pRegister = &reg,
                       .pDoubtful = &reg,
                       .pTables = tables,
-                      .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named),
+                      .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named,
+                                                                    !args.bNoDynamicDlfu),
                       .bPass2 = !args.bNoPass2,
                       .bQuickMode = !heuristicchoice::ForcesSafeMode(start),
                       .nFirstPassMs = heuristicplan::kFirstPassMs});
@@ -132,6 +134,8 @@ void AddBenchMoremoversCommand(CLI::App& bench) {
   command->add_option("--heuristics", args->heuristics,
                       "auto (the position decides), none, or names of the catalogue");
   command->add_flag("--no-pass2", args->bNoPass2, "Skip the pass without heuristics");
+  command->add_flag("--no-dynamic-dlfu", args->bNoDynamicDlfu,
+                    "Never set SH_DONTLETFIGUREUNBLOCK during the analysis");
   command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
       ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->add_flag("--no-tables", args->bNoTables,

@@ -95,7 +95,7 @@ TNamedSet ReadNamedSet(std::string_view text) {
 
 std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
                                      const std::map<int, std::vector<std::string>>& settings,
-                                     const std::optional<TNamedSet>& named) {
+                                     const std::optional<TNamedSet>& named, bool bDynamicDlfu) {
   if (named && !named->bAutomatic) return heuristicplan::RelaxationPath(named->set);
   THeuristicSet initial;
   std::uint32_t off = 0;
@@ -108,7 +108,7 @@ std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
   }
   if (initial.mask != 0) return heuristicplan::RelaxationPath(initial);
   std::vector<THeuristicSet> passes;
-  for (THeuristicSet set : heuristicplan::AutomaticPasses(start, nMoves)) {
+  for (THeuristicSet set : heuristicplan::AutomaticPasses(start, nMoves, bDynamicDlfu)) {
     set.mask &= ~off;
     if (set.mask != 0 && (passes.empty() || !(passes.back() == set))) passes.push_back(set);
   }

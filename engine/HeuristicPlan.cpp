@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/PositionPattern.h"
+
 namespace heuristicplan {
 namespace {
 
@@ -28,6 +30,65 @@ int Ring(SquareIndex s) {
   return std::min({file, 7 - file, rank, 7 - rank});
 }
 
+THeuristicSet Members(std::uint32_t mask, EEdgeForm edgeForm = EEdgeForm::kLoose,
+                      EFallback fallback = EFallback::kNone) {
+  THeuristicSet set;
+  set.mask = mask;
+  set.edgeForm = edgeForm;
+  set.fallback = fallback;
+  return set;
+}
+
+// The set a type of position starts from and how many steps of its relaxation path are run:
+// a few, as every pass takes its share of the time.
+struct TPatternPlan {
+  THeuristicSet initial;
+  int nSteps = 0;
+};
+
+TPatternPlan PlanFor(EPositionPattern pattern, const TChessboard& start) {
+  using enum EPositionPattern;
+  const int nRing = Ring(start.BlackKing());
+  // On the edge line the king is held there. Off it, the king is free until it reaches the
+  // edge; from then on the variation falls back to a king that stands (relaxed: that keeps
+  // to the edge line), and one line in, the king may not go further in meanwhile.
+  const EEdgeForm edge = nRing == 0 ? EEdgeForm::kStrict : EEdgeForm::kLoose;
+  const std::uint32_t onEdge = nRing <= 1 ? shbit::kKeepKingOnTheEdge : 0;
+  const EFallback fallback = nRing == 0 ? EFallback::kNone : EFallback::kKingStays;
+  switch (pattern) {
+    case kKingShutInByPawns: {
+      THeuristicSet set = Members(shbit::kDontLetKingMove | shbit::kDontLetPromotedFigureMove |
+                                  shbit::kDontLoseAnyFigures);
+      set.bKingMoveExceptions = true;
+      return {set, 2};
+    }
+    case kBlockedBlackPieces:
+      return {Members(shbit::kDontLetFigureUnblock | onEdge | shbit::kDontLoseAnyFigures, edge,
+                      fallback),
+              3};
+    case kLoneQueen:
+      return {Members(shbit::kDontLetFigureUnblock | shbit::kDontLetPromotedFigureMove | onEdge |
+                          shbit::kSaveQueenRook,
+                      edge, fallback),
+              3};
+    case kMinorMiniature:
+      return {
+          Members(shbit::kAreKingsNear | shbit::kDontRecedeBlackKing | shbit::kDontLoseAnyFigures),
+          2};
+    case kKingOnEdge:
+      return {
+          Members(shbit::kKeepKingOnTheEdge | shbit::kSaveQueenRook | shbit::kDontLoseAnyFigures,
+                  edge, fallback),
+          2};
+    case kSeaSnake:
+    case kGeneral:
+      break;
+  }
+  if (nRing <= 1)
+    return {Members(shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures, edge, fallback), 3};
+  return {Members(shbit::kDontLoseAnyFigures, EEdgeForm::kLoose, fallback), 2};
+}
+
 }  // namespace
 
 THeuristicSet Relax(const THeuristicSet& set) {
@@ -45,6 +106,10 @@ THeuristicSet Relax(const THeuristicSet& set) {
   if (set.Has(shbit::kKeepKingOnTheEdge | shbit::kKeepKingWithinExtEdge) &&
       set.edgeForm != EEdgeForm::kLoose) {
     relaxed.edgeForm = EEdgeForm::kLoose;
+    return relaxed;
+  }
+  if (set.fallback == EFallback::kKingStays) {
+    relaxed.fallback = EFallback::kKeepOnEdge;  // the king may walk along the edge
     return relaxed;
   }
   if (set.Has(shbit::kDontLoseAnyFigures) && set.nLoseFiguresLevel > 0) {
@@ -66,18 +131,23 @@ std::vector<THeuristicSet> RelaxationPath(const THeuristicSet& initial) {
   return path;
 }
 
-std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves) {
+std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
+                                           bool bDynamicDlfu) {
   if (nMoves < kMinMovesForHeuristics) return {};
   THeuristicSet forced;
   forced.mask = shbit::kFindForcedMate;
   std::vector<THeuristicSet> passes = RelaxationPath(forced);
-  if (Ring(start.BlackKing()) <= 1) {
-    // A king held at the edge, pieces kept: the usual frame of a long mate.
-    THeuristicSet edge;
-    edge.mask = shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures;
-    edge.edgeForm = Ring(start.BlackKing()) == 0 ? EEdgeForm::kStrict : EEdgeForm::kLoose;
-    for (const THeuristicSet& set : RelaxationPath(edge)) passes.push_back(set);
+  const TPatternPlan plan = PlanFor(positionpattern::Detect(start), start);
+  std::vector<THeuristicSet> path = RelaxationPath(plan.initial);
+  if (path.size() > static_cast<std::size_t>(plan.nSteps)) path.resize(plan.nSteps);
+  if (!path.empty() && bDynamicDlfu && !plan.initial.Has(shbit::kDontLetFigureUnblock)) {
+    // Only the strictest set: a key its blocked pieces hide is left to the sets after it.
+    if (start.nPieces[kBlackQueens] > 0)
+      path.front().bCannotApplyDlfuDynamically = true;  // a queen is never shut in for good
+    else
+      path.front().bDynamicDlfu = true;
   }
+  passes.insert(passes.end(), path.begin(), path.end());
   return passes;
 }
 

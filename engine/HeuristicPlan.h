@@ -16,12 +16,16 @@ inline constexpr int kFirstPassMs = 100;
 inline constexpr int kMinMovesForHeuristics = 6;
 
 // The passes chosen from the position: first the forced-mate runs (checks, then threats
-// too, then captures and promotions as well), then a run that keeps the black king where
-// it stands when it stands on or next to the edge. None below kMinMovesForHeuristics.
-std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves);
+// too, then captures and promotions as well), then the first steps of the relaxation path of
+// the set that suits the type of the start position (see EPositionPattern). bDynamicDlfu: the
+// strictest of them holds black pieces once their king has shut them in (SH_DONTLETFIGUREUNBLOCK
+// set during the analysis). None below kMinMovesForHeuristics.
+std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
+                                           bool bDynamicDlfu = true);
 
-// The next, less restricted set: a forced-mate mode widens, a strict edge form loosens,
-// otherwise the member that restricts most goes. The empty set after the last member.
+// The next, less restricted set: a forced-mate mode widens, a strict edge form loosens, a
+// fallback to a standing king becomes one to the edge line, otherwise the member that
+// restricts most goes. The empty set after the last member.
 THeuristicSet Relax(const THeuristicSet& set);
 // initial and every relaxation of it before the empty set (at most a few dozen passes).
 std::vector<THeuristicSet> RelaxationPath(const THeuristicSet& initial);
