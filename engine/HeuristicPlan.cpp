@@ -39,14 +39,16 @@ THeuristicSet Members(std::uint32_t mask, EEdgeForm edgeForm = EEdgeForm::kLoose
   return set;
 }
 
-// The set a type of position starts from and how many steps of its relaxation path are run:
-// a few, as every pass takes its share of the time.
-struct TPatternPlan {
-  THeuristicSet initial;
-  int nSteps = 0;
-};
+// The first steps of the relaxation path of initial: a few, as every pass takes its share of
+// the time.
+std::vector<THeuristicSet> Steps(const THeuristicSet& initial, std::size_t nSteps) {
+  std::vector<THeuristicSet> path = RelaxationPath(initial);
+  if (path.size() > nSteps) path.resize(nSteps);
+  return path;
+}
 
-TPatternPlan PlanFor(EPositionPattern pattern, const TChessboard& start) {
+// The passes that suit a type of position, strictest first.
+std::vector<THeuristicSet> PlanFor(EPositionPattern pattern, const TChessboard& start) {
   using enum EPositionPattern;
   const int nRing = Ring(start.BlackKing());
   // On the edge line the king is held there. Off it, the king is free until it reaches the
@@ -57,36 +59,38 @@ TPatternPlan PlanFor(EPositionPattern pattern, const TChessboard& start) {
   const EFallback fallback = nRing == 0 ? EFallback::kNone : EFallback::kKingStays;
   switch (pattern) {
     case kKingShutInByPawns: {
-      THeuristicSet set = Members(shbit::kDontLetKingMove | shbit::kDontLetPromotedFigureMove |
-                                  shbit::kDontLoseAnyFigures);
-      set.bKingMoveExceptions = true;
-      return {set, 2};
+      // The king cannot run: the mate comes in a net, its pawns may not queen and roam. Then
+      // the same with White's pieces free to be given up, as a net is often opened by one.
+      const std::uint32_t net =
+          shbit::kAssertBlackKingSurrounded | shbit::kDontLetPromotedFigureMove;
+      return {Members(net | shbit::kDontLoseAnyFigures), Members(net)};
     }
     case kBlockedBlackPieces:
-      return {Members(shbit::kDontLetFigureUnblock | onEdge | shbit::kDontLoseAnyFigures, edge,
-                      fallback),
-              3};
+      return Steps(Members(shbit::kDontLetFigureUnblock | onEdge | shbit::kDontLoseAnyFigures, edge,
+                           fallback),
+                   3);
     case kLoneQueen:
-      return {Members(shbit::kDontLetFigureUnblock | shbit::kDontLetPromotedFigureMove | onEdge |
-                          shbit::kSaveQueenRook,
-                      edge, fallback),
-              3};
+      return Steps(Members(shbit::kDontLetFigureUnblock | shbit::kDontLetPromotedFigureMove |
+                               onEdge | shbit::kSaveQueenRook,
+                           edge, fallback),
+                   3);
     case kMinorMiniature:
-      return {
+      return Steps(
           Members(shbit::kAreKingsNear | shbit::kDontRecedeBlackKing | shbit::kDontLoseAnyFigures),
-          2};
+          2);
     case kKingOnEdge:
-      return {
+      return Steps(
           Members(shbit::kKeepKingOnTheEdge | shbit::kSaveQueenRook | shbit::kDontLoseAnyFigures,
                   edge, fallback),
-          2};
+          2);
     case kSeaSnake:
     case kGeneral:
       break;
   }
   if (nRing <= 1)
-    return {Members(shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures, edge, fallback), 3};
-  return {Members(shbit::kDontLoseAnyFigures, EEdgeForm::kLoose, fallback), 2};
+    return Steps(Members(shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures, edge, fallback),
+                 3);
+  return Steps(Members(shbit::kDontLoseAnyFigures, EEdgeForm::kLoose, fallback), 2);
 }
 
 }  // namespace
@@ -137,10 +141,8 @@ std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
   THeuristicSet forced;
   forced.mask = shbit::kFindForcedMate;
   std::vector<THeuristicSet> passes = RelaxationPath(forced);
-  const TPatternPlan plan = PlanFor(positionpattern::Detect(start), start);
-  std::vector<THeuristicSet> path = RelaxationPath(plan.initial);
-  if (path.size() > static_cast<std::size_t>(plan.nSteps)) path.resize(plan.nSteps);
-  if (!path.empty() && bDynamicDlfu && !plan.initial.Has(shbit::kDontLetFigureUnblock)) {
+  std::vector<THeuristicSet> path = PlanFor(positionpattern::Detect(start), start);
+  if (bDynamicDlfu && !path.front().Has(shbit::kDontLetFigureUnblock)) {
     // Only the strictest set: a key its blocked pieces hide is left to the sets after it.
     if (start.nPieces[kBlackQueens] > 0)
       path.front().bCannotApplyDlfuDynamically = true;  // a queen is never shut in for good

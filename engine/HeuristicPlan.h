@@ -16,10 +16,10 @@ inline constexpr int kFirstPassMs = 100;
 inline constexpr int kMinMovesForHeuristics = 6;
 
 // The passes chosen from the position: first the forced-mate runs (checks, then threats
-// too, then captures and promotions as well), then the first steps of the relaxation path of
-// the set that suits the type of the start position (see EPositionPattern). bDynamicDlfu: the
-// strictest of them holds black pieces once their king has shut them in (SH_DONTLETFIGUREUNBLOCK
-// set during the analysis). None below kMinMovesForHeuristics.
+// too, then captures and promotions as well), then the few sets that suit the type of the
+// start position (see EPositionPattern), mostly the first steps of one relaxation path.
+// bDynamicDlfu: the strictest of them holds black pieces once their king has shut them in
+// (SH_DONTLETFIGUREUNBLOCK set during the analysis). None below kMinMovesForHeuristics.
 std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
                                            bool bDynamicDlfu = true);
 
