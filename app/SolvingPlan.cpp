@@ -45,9 +45,9 @@ std::vector<std::unique_ptr<SolvingRequest>> PlanSolvingPasses(
   // heuristics judge direct mates only: a selfmate runs the pass without them alone.
   if (GoalOf(problem) == EMateGoal::kSelfmate) return passes;
   for (auto& request : passes)
-    request->heuristicPasses =
-        heuristicchoice::PassesFor(request->board, problem.stipulation.Moves(),
-                                   problem.heuristicSettings, settings.heuristics);
+    request->heuristicPasses = heuristicchoice::PassesFor(
+        request->board, problem.stipulation.Moves(), problem.heuristicSettings, settings.heuristics,
+        settings.bDynamicDlfu);
   return passes;
 }
 

@@ -18,6 +18,8 @@ struct TSolvingPlanSettings {
   // A set named by hand; the problem's settings and the position decide when not given.
   std::optional<heuristicchoice::TNamedSet> heuristics = std::nullopt;
   bool bPass2 = true;  // run the pass without heuristics
+  // Let the automatic passes hold black pieces once their king has shut them in.
+  bool bDynamicDlfu = true;
 };
 
 // Pass 0 on the position as given and pass 1 on it mirrored left to right. NOMIRROR drops

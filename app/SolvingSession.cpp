@@ -121,7 +121,8 @@ std::optional<std::string> CSolvingSession::Start(const TSolveOrder& order) {
                                   .bQuickMode = order.bQuickMode.value_or(settings.bQuickMode),
                                   .bMirrorSwitch = order.bMirrorSwitch,
                                   .heuristics = order.heuristics,
-                                  .bPass2 = order.bPass2});
+                                  .bPass2 = order.bPass2,
+                                  .bDynamicDlfu = order.bDynamicDlfu});
   // The moves name squares of the position as given, not of its mirror.
   for (const auto& request : requests)
     if (request->nMirrorPass == 0) request->onlyFirstMoves = order.onlyFirstMoves;

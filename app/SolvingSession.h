@@ -41,7 +41,8 @@ struct TSolveOrder {
   bool bMirrorSwitch = false;  // also run the mirrored pass where the problem allows
   // The heuristic passes named by hand; the problem and the position decide when not given.
   std::optional<heuristicchoice::TNamedSet> heuristics = std::nullopt;
-  bool bPass2 = true;                             // run the pass without heuristics
+  bool bPass2 = true;        // run the pass without heuristics
+  bool bDynamicDlfu = true;  // the automatic passes may hold pieces their king has shut in
   std::optional<bool> bQuickMode = std::nullopt;  // the QuickMode setting when not given
   // The first moves the pass of the position as given searches, all when empty; a share of
   // the problem when several machines solve it together.

@@ -16,6 +16,7 @@
 #include "engine/HeuristicChoice.h"
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 
 namespace {
 
@@ -26,6 +27,7 @@ struct TBenchMoremoversArguments {
   int nThreads = 2;
   std::string heuristics = "auto";
   bool bNoPass2 = false;
+  bool bNoDynamicDlfu = false;
   std::int64_t nRegisterElements = 4'000'000;
   bool bNoTables = false;
 };
@@ -45,14 +47,19 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
   if (!fen::ReadFen(start, row.at("fen")))
     throw std::runtime_error("Improper FEN code: " + row.at("id"));
   const int nMoves = std::stoi(row.at("n"));
-  TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
+  // As a user's solve: the doubtful answers of the heuristic passes kept for their next turns,
+  // and quick mode where the position allows it.
+  TAggregatedTemporaryChessboardRegister reg(static_cast<std::uint32_t>(args.nRegisterElements));
   CMateSolver solver(start, nMoves,
                      {.nThreads = args.nThreads,
                       .nMaxSolutions = 1,
                       .pRegister = &reg,
+                      .pDoubtful = &reg,
                       .pTables = tables,
-                      .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named),
+                      .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named,
+                                                                    !args.bNoDynamicDlfu),
                       .bPass2 = !args.bNoPass2,
+                      .bQuickMode = !heuristicchoice::ForcesSafeMode(start),
                       .nFirstPassMs = heuristicplan::kFirstPassMs});
   const auto begin = std::chrono::steady_clock::now();
   TRowResult result;
@@ -127,6 +134,8 @@ void AddBenchMoremoversCommand(CLI::App& bench) {
   command->add_option("--heuristics", args->heuristics,
                       "auto (the position decides), none, or names of the catalogue");
   command->add_flag("--no-pass2", args->bNoPass2, "Skip the pass without heuristics");
+  command->add_flag("--no-dynamic-dlfu", args->bNoDynamicDlfu,
+                    "Never set SH_DONTLETFIGUREUNBLOCK during the analysis");
   command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
       ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->add_flag("--no-tables", args->bNoTables,

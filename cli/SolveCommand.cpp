@@ -52,6 +52,7 @@ struct TSolveArguments {
   std::string threads;
   std::string heuristics;  // empty: the problem's settings and the position decide
   bool bNoPass2 = false;
+  bool bNoDynamicDlfu = false;
   bool bQuick = false;
   bool bSafe = false;
   bool bLogMoves = false;
@@ -175,6 +176,7 @@ TSolveOrder OrderOf(const TProblem& problem, const TSolveArguments& args,
           .bMirrorSwitch = args.bMirror,
           .heuristics = HeuristicsArgument(args.heuristics),
           .bPass2 = !args.bNoPass2,
+          .bDynamicDlfu = !args.bNoDynamicDlfu,
           .bQuickMode = QuickModeArgument(args)};
 }
 
@@ -406,6 +408,8 @@ void AddSolveCommand(CLI::App& app) {
                       "heuristic set to start from: auto, none, or names such as "
                       "SH_FINDFORCEDMATE(#1),SH_KEEPKINGONTHEEDGE(strict)");
   command->add_flag("--no-pass2", args->bNoPass2, "skip the pass without heuristics");
+  command->add_flag("--no-dynamic-dlfu", args->bNoDynamicDlfu,
+                    "never set SH_DONTLETFIGUREUNBLOCK during the analysis");
   command->add_flag("--quick", args->bQuick, "quick mode, whatever the settings say");
   command->add_flag("--safe", args->bSafe, "safe mode, whatever the settings say");
   command->add_flag("--log-moves", args->bLogMoves,

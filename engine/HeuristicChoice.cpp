@@ -123,7 +123,7 @@ TNamedSet ReadNamedSet(std::string_view text) {
 
 std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
                                      const std::map<int, std::vector<std::string>>& settings,
-                                     const std::optional<TNamedSet>& named) {
+                                     const std::optional<TNamedSet>& named, bool bDynamicDlfu) {
   if (named && !named->bAutomatic) return heuristicplan::RelaxationPath(named->set);
   THeuristicSet initial;
   std::uint32_t off = 0;
@@ -137,7 +137,7 @@ std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
   MarkCustom(initial);
   if (initial.mask != 0) return heuristicplan::RelaxationPath(initial);
   std::vector<THeuristicSet> passes;
-  for (THeuristicSet set : heuristicplan::AutomaticPasses(start, nMoves)) {
+  for (THeuristicSet set : heuristicplan::AutomaticPasses(start, nMoves, bDynamicDlfu)) {
     set.mask &= ~off;
     if (set.mask != 0 && (passes.empty() || !(passes.back() == set))) passes.push_back(set);
   }

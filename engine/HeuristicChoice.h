@@ -29,9 +29,11 @@ bool AddMember(THeuristicSet& set, std::uint32_t bit, const std::vector<std::str
 // The passes of a solve. A named set (not automatic) starts the relaxation path alone;
 // otherwise the problem's settings decide: members with parameter words make the initial
 // set of a relaxation path, members set "OFF" are taken out of the automatic passes.
+// bDynamicDlfu: the automatic passes may set SH_DONTLETFIGUREUNBLOCK during the analysis.
 std::vector<THeuristicSet> PassesFor(const TChessboard& start, int nMoves,
                                      const std::map<int, std::vector<std::string>>& settings,
-                                     const std::optional<TNamedSet>& named = std::nullopt);
+                                     const std::optional<TNamedSet>& named = std::nullopt,
+                                     bool bDynamicDlfu = true);
 
 // Whether quick mode could lose a mate in this kind of position, so that it must be solved in
 // safe mode: few pieces that can shuffle on both sides, as in duels of bishops and knights,

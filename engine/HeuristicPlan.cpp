@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "engine/PositionPattern.h"
+
 namespace heuristicplan {
 namespace {
 
@@ -57,6 +59,69 @@ int Ring(SquareIndex s) {
   return std::min({file, 7 - file, rank, 7 - rank});
 }
 
+THeuristicSet Members(std::uint32_t mask, EEdgeForm edgeForm = EEdgeForm::kLoose,
+                      EFallback fallback = EFallback::kNone) {
+  THeuristicSet set;
+  set.mask = mask;
+  set.edgeForm = edgeForm;
+  set.fallback = fallback;
+  return set;
+}
+
+// The first steps of the relaxation path of initial: a few, as every pass takes its share of
+// the time.
+std::vector<THeuristicSet> Steps(const THeuristicSet& initial, std::size_t nSteps) {
+  std::vector<THeuristicSet> path = RelaxationPath(initial);
+  if (path.size() > nSteps) path.resize(nSteps);
+  return path;
+}
+
+// The passes that suit a type of position, strictest first.
+std::vector<THeuristicSet> PlanFor(EPositionPattern pattern, const TChessboard& start) {
+  using enum EPositionPattern;
+  const int nRing = Ring(start.BlackKing());
+  // On the edge line the king is held there. Off it, the king is free until it reaches the
+  // edge; from then on the variation falls back to a king that stands (relaxed: that keeps
+  // to the edge line), and one line in, the king may not go further in meanwhile.
+  const EEdgeForm edge = nRing == 0 ? EEdgeForm::kStrict : EEdgeForm::kLoose;
+  const std::uint32_t onEdge = nRing <= 1 ? shbit::kKeepKingOnTheEdge : 0;
+  const EFallback fallback = nRing == 0 ? EFallback::kNone : EFallback::kKingStays;
+  switch (pattern) {
+    case kKingShutInByPawns: {
+      // The king cannot run: the mate comes in a net, its pawns may not queen and roam. Then
+      // the same with White's pieces free to be given up, as a net is often opened by one.
+      const std::uint32_t net =
+          shbit::kAssertBlackKingSurrounded | shbit::kDontLetPromotedFigureMove;
+      return {Members(net | shbit::kDontLoseAnyFigures), Members(net)};
+    }
+    case kBlockedBlackPieces:
+      return Steps(Members(shbit::kDontLetFigureUnblock | onEdge | shbit::kDontLoseAnyFigures, edge,
+                           fallback),
+                   3);
+    case kLoneQueen:
+      return Steps(Members(shbit::kDontLetFigureUnblock | shbit::kDontLetPromotedFigureMove |
+                               onEdge | shbit::kSaveQueenRook,
+                           edge, fallback),
+                   3);
+    case kMinorMiniature:
+      return Steps(
+          Members(shbit::kAreKingsNear | shbit::kDontRecedeBlackKing | shbit::kDontLoseAnyFigures),
+          2);
+    case kKingOnEdge:
+      return Steps(
+          Members(shbit::kKeepKingOnTheEdge | shbit::kSaveQueenRook | shbit::kDontLoseAnyFigures,
+                  edge, fallback),
+          2);
+    case kSeaSnake:
+    case kGeneral:
+      break;
+  }
+  if (nRing <= 1)
+    return Steps(Members(shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures, edge, fallback),
+                 3);
+  return Steps(Members(shbit::kDontLoseAnyFigures, EEdgeForm::kLoose, fallback), 2);
+}
+
 }  // namespace
 
 THeuristicSet Relax(const THeuristicSet& set) {
@@ -76,6 +141,10 @@ THeuristicSet Relax(const THeuristicSet& set) {
   if (set.Has(shbit::kKeepKingOnTheEdge | shbit::kKeepKingWithinExtEdge) &&
       set.edgeForm != EEdgeForm::kLoose) {
     relaxed.edgeForm = EEdgeForm::kLoose;
+    return relaxed;
+  }
+  if (set.fallback == EFallback::kKingStays) {
+    relaxed.fallback = EFallback::kKeepOnEdge;  // the king may walk along the edge
     return relaxed;
   }
   if (set.Has(shbit::kDontLoseAnyFigures) && set.nLoseFiguresLevel > 0) {
@@ -117,16 +186,19 @@ std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& /*start*/, int nM
   return passes;
 }
 
-std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves) {
+std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
+                                           bool bDynamicDlfu) {
   if (nMoves < kMinMovesForHeuristics) return {};
   std::vector<THeuristicSet> passes = ForcedMatePasses(start, nMoves);
-  if (Ring(start.BlackKing()) <= 1) {
-    // A king held at the edge, pieces kept: the usual frame of a long mate.
-    THeuristicSet edge;
-    edge.mask = shbit::kKeepKingOnTheEdge | shbit::kDontLoseAnyFigures;
-    edge.edgeForm = Ring(start.BlackKing()) == 0 ? EEdgeForm::kStrict : EEdgeForm::kLoose;
-    for (const THeuristicSet& set : RelaxationPath(edge)) passes.push_back(set);
+  std::vector<THeuristicSet> path = PlanFor(positionpattern::Detect(start), start);
+  if (bDynamicDlfu && !path.front().Has(shbit::kDontLetFigureUnblock)) {
+    // Only the strictest set: a key its blocked pieces hide is left to the sets after it.
+    if (start.nPieces[kBlackQueens] > 0)
+      path.front().bCannotApplyDlfuDynamically = true;  // a queen is never shut in for good
+    else
+      path.front().bDynamicDlfu = true;
   }
+  passes.insert(passes.end(), path.begin(), path.end());
   return passes;
 }
 

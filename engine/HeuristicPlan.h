@@ -26,14 +26,18 @@ inline constexpr int kMixtureEndMoves = 2;
 std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& start, int nMoves);
 
 // The passes chosen from the position: first the forced-mate runs (checks, then threats
-// too, then captures and promotions as well), then a run that keeps the black king where
-// it stands when it stands on or next to the edge. None below kMinMovesForHeuristics.
-std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves);
+// too, then captures and promotions as well), then the few sets that suit the type of the
+// start position (see EPositionPattern), mostly the first steps of one relaxation path.
+// bDynamicDlfu: the strictest of them holds black pieces once their king has shut them in
+// (SH_DONTLETFIGUREUNBLOCK set during the analysis). None below kMinMovesForHeuristics.
+std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
+                                           bool bDynamicDlfu = true);
 
 // The next, less restricted set: a forced-mate mode widens (CheckOnly, #1, #1+, #2+, #3, #4,
 // #5, #2 going to #2+; after #5 the member goes, and a mixture's other members then hold
-// from the first move), a strict edge form loosens, otherwise the member that restricts most
-// goes. The empty set after the last member.
+// from the first move), a strict edge form loosens, a fallback to a standing king becomes
+// one to the edge line, otherwise the member that restricts most goes. The empty set after
+// the last member.
 THeuristicSet Relax(const THeuristicSet& set);
 // initial and every relaxation of it before the empty set (at most a few dozen passes).
 std::vector<THeuristicSet> RelaxationPath(const THeuristicSet& initial);

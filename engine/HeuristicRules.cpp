@@ -56,6 +56,10 @@ TBreak KingBreaks(const TChessboard& after, const THeuristicContext& context) {
     if (Ring(to) > nAllowed && !bExcused)
       return {shbit::kKeepKingOnTheEdge, set.edgeForm != EEdgeForm::kAllStrict};
   }
+  if (Ring(from) == 0 && ((set.fallback == EFallback::kKeepOnEdge && Ring(to) > 0) ||
+                          set.fallback == EFallback::kKingStays))
+    return {set.fallback == EFallback::kKeepOnEdge ? shbit::kKeepKingOnTheEdge
+                                                   : shbit::kDontLetKingMove};
   if (set.Has(shbit::kKeepKingWithinExtEdge) && Ring(from) <= 1 && Ring(to) > 1)
     return {shbit::kKeepKingWithinExtEdge};
   if (set.Has(shbit::kKeepKingNearCorner)) {
@@ -71,11 +75,36 @@ bool IsPromotedKind(const TChessboard& after, PieceCode moved, const THeuristicC
   return slot >= 0 && after.nPieces[slot] > context.nRootPieces[slot];
 }
 
-// Whether some start square of a black piece of this kind lies within one step of s.
-bool NearStartSquare(SquareIndex s, PieceCode moved, const THeuristicContext& context) {
+// Whether some square of squares holding a piece of this kind lies within one step of s.
+bool NearSquareOf(const PieceCode (&squares)[64], SquareIndex s, PieceCode moved) {
   for (SquareIndex start = 0; start < 64; ++start)
-    if (context.rootSquares[start] == moved && Distance(start, s) <= 1) return true;
+    if (squares[start] == moved && Distance(start, s) <= 1) return true;
   return false;
+}
+
+// The black king in a corner's two-by-two block with two or more of its own men beside it:
+// from here on those men are what keeps it shut in, and they are not meant to go.
+bool IsKingShutInCorner(const TChessboard& board) {
+  const SquareIndex king = board.BlackKing();
+  if (CornerDistance(king) > 1) return false;
+  int nOwn = 0;
+  for (SquareIndex s = 0; s < 64; ++s)
+    nOwn += s != king && Distance(s, king) == 1 && piece::IsBlack(board.squares[s]);
+  return nOwn >= 2;
+}
+
+// The first position of the variation, Black to move, in which the king stood shut in; null
+// when it never did. before: the position of Black's reply.
+const TChessboard* FirstShutIn(const TChessboard& before) {
+  const TChessboard* first = nullptr;
+  for (const TChessboard* p = &before; p != nullptr; p = p->parent ? p->parent->parent : nullptr)
+    if (IsKingShutInCorner(*p)) first = p;
+  return first;
+}
+
+bool UnblocksDynamically(const TChessboard& after, PieceCode moved) {
+  const TChessboard* shut = FirstShutIn(*after.parent);
+  return shut != nullptr && !NearSquareOf(shut->squares, after.lastMove.to, moved);
 }
 
 bool QueenCheckedBefore(const TChessboard& after) {
@@ -146,7 +175,9 @@ TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& conte
   if (set.Has(shbit::kDontLetBlackQueenCheckTwice) && moved == piece::kBlackQueen &&
       after.IsWhiteInCheck() && QueenCheckedBefore(after))
     return {shbit::kDontLetBlackQueenCheckTwice};
-  if (set.Has(shbit::kDontLetFigureUnblock) && !NearStartSquare(after.lastMove.to, moved, context))
+  if (set.Has(shbit::kDontLetFigureUnblock)
+          ? !NearSquareOf(context.rootSquares, after.lastMove.to, moved)
+          : set.bDynamicDlfu && UnblocksDynamically(after, moved))
     return {shbit::kDontLetFigureUnblock};
   return {};
 }

@@ -8,8 +8,13 @@ std::uint32_t THeuristicSet::Params() const {
          static_cast<std::uint32_t>(edgeForm) << 7 | (bKingMoveExceptions ? 1u << 9 : 0) |
          static_cast<std::uint32_t>(keySquare) << 10 |
          static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
+<<<<<<< HEAD
          (bCornerInKingMoves ? 1u << 21 : 0) | static_cast<std::uint32_t>(nForcedMateMoves) << 22 |
          (bCustom ? 1u << 30 : 0);
+=======
+         (bCornerInKingMoves ? 1u << 21 : 0) | (bDynamicDlfu ? 1u << 22 : 0) |
+         static_cast<std::uint32_t>(fallback) << 23;
+>>>>>>> h-auto
 }
 
 namespace forcedmate {
@@ -121,6 +126,8 @@ std::string Describe(const THeuristicSet& set) {
     text += DescribeMember(set, bit);
   }
   if (text.empty()) text = "(none)";
+  if (set.fallback == EFallback::kKeepOnEdge) text += " (fallback: SH_KEEPKINGONTHEEDGE(STRICT))";
+  if (set.fallback == EFallback::kKingStays) text += " (fallback: SH_DONTLETKINGMOVE)";
   if (set.bCannotApplyDlfuDynamically) text += " (CannotApplyDLFUDynamically)";
   return text;
 }

@@ -69,6 +69,15 @@ enum class EOneColour : std::uint8_t {
   kDarkSquares,   // "BlackFieldsOnly"
 };
 
+// The stricter set a variation falls back to once the black king stands on the edge line: the
+// position has become a mating net at the edge, and a king that walks out of it again is
+// not the line the problem means.
+enum class EFallback : std::uint8_t {
+  kNone,
+  kKeepOnEdge,  // from then on the king keeps to the edge line, unless White mates at once
+  kKingStays,   // from then on any king move is doubtful, unless White mates at once
+};
+
 // A set of special heuristics: the mask and the values its members need.
 struct THeuristicSet {
   std::uint32_t mask = 0;
@@ -87,6 +96,10 @@ struct THeuristicSet {
   bool bCornerInKingMoves = false;        // counted in king moves (else in squares)
   EOneColour oneColour = EOneColour::kBishopColour;
   bool bCannotApplyDlfuDynamically = false;
+  // SH_DONTLETFIGUREUNBLOCK set during the analysis: once the black king has gone into a corner
+  // and shut its own pieces in, those pieces are held near the squares they had then.
+  bool bDynamicDlfu = false;
+  EFallback fallback = EFallback::kNone;
 
   bool Has(std::uint32_t bits) const { return (mask & bits) != 0; }
   // Whether SH_FINDFORCEDMATE restricts White's move number nMove (1 is the key), and

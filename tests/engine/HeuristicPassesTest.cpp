@@ -28,9 +28,15 @@ std::vector<std::vector<THeuristicSet>> Plans() {
   THeuristicSet preliminary = mixture;
   preliminary.mask = shbit::kFindForcedMate;
   preliminary.bPreliminary = true;
+  // The restrictions a variation takes on as it goes: the king held once on the edge, pieces
+  // held once their king has shut them in.
+  THeuristicSet dynamic = Set(shbit::kDontLoseAnyFigures);
+  dynamic.fallback = EFallback::kKingStays;
+  dynamic.bDynamicDlfu = true;
   return {heuristicplan::RelaxationPath(Set(shbit::kFindForcedMate)),
           {preliminary, mixture},
           {edge},
+          {dynamic},
           {kings},
           {Set(shbit::kDontLetFigureUnblock | shbit::kDontRecedeBlackKing |
                shbit::kDontLetBlackQueenCheckTwice)},
@@ -68,7 +74,9 @@ TEST(HeuristicPasses, KeysOfEveryPassAreProvenAndPassTwoCompletesThem) {
     const TChessboard root = matetest::Root(row);
     for (const auto& passes : Plans()) {
       std::uint32_t mask = 0;
-      for (const THeuristicSet& set : passes) mask |= set.mask;
+      for (const THeuristicSet& set : passes)
+        mask |= set.mask | (set.fallback != EFallback::kNone ? shbit::kDontLetKingMove : 0) |
+                (set.bDynamicDlfu ? shbit::kDontLetFigureUnblock : 0);
       SCOPED_TRACE(row.at("id") + " " + heuristicset::Describe(passes.front()));
       const TRun first = Solve(row, passes, false);
       const auto keys = matetest::Texts(root, first.outcome.keys, true);

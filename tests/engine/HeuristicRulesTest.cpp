@@ -17,6 +17,16 @@ THeuristicSet EdgeSet(std::uint32_t mask, EEdgeForm form) {
   set.edgeForm = form;
   return set;
 }
+THeuristicSet FallbackSet(EFallback fallback) {
+  THeuristicSet set = Set(shbit::kDontLoseAnyFigures);
+  set.fallback = fallback;
+  return set;
+}
+THeuristicSet DynamicDlfu() {
+  THeuristicSet set = Set(shbit::kDontLoseAnyFigures);
+  set.bDynamicDlfu = true;
+  return set;
+}
 
 struct TReplyCase {
   const char* what;
@@ -208,6 +218,56 @@ TEST(HeuristicRules, BlackRepliesBreakTheirRestrictions) {
        {"a8a7"},
        Set(shbit::kDontLetFigureUnblock),
        0},
+      {"fallback to the edge: off the edge line once there",
+       kKingOnH7,
+       {"h7g6"},
+       FallbackSet(EFallback::kKeepOnEdge),
+       shbit::kKeepKingOnTheEdge},
+      {"fallback to the edge: along the edge line",
+       kKingOnH7,
+       {"h7h6"},
+       FallbackSet(EFallback::kKeepOnEdge),
+       0},
+      {"fallback to the edge: free before it gets there",
+       kKingOnG6,
+       {"g6f5"},
+       FallbackSet(EFallback::kKeepOnEdge),
+       0},
+      {"fallback to a standing king: along the edge line",
+       kKingOnH7,
+       {"h7h6"},
+       FallbackSet(EFallback::kKingStays),
+       shbit::kDontLetKingMove},
+      {"fallback to a standing king: free before it gets there",
+       kKingOnG6,
+       {"g6h5"},
+       FallbackSet(EFallback::kKingStays),
+       0},
+      {"dynamic: a piece shutting the cornered king in walks off",
+       "6rk/6pp/8/8/8/8/8/K7 b - - 0 1",
+       {"g8a8"},
+       DynamicDlfu(),
+       shbit::kDontLetFigureUnblock},
+      {"dynamic: it steps beside its square",
+       "6rk/6pp/8/8/8/8/8/K7 b - - 0 1",
+       {"g8f8"},
+       DynamicDlfu(),
+       0},
+      {"dynamic: the king not yet shut in",
+       "6r1/7p/5kp1/8/8/8/8/K7 b - - 0 1",
+       {"g8a8"},
+       DynamicDlfu(),
+       0},
+      {"dynamic: the king has walked in and shut the rook in",
+       "6r1/7p/5kp1/8/8/8/8/K7 b - - 0 1",
+       {"f6g7", "a1a2", "g8a8"},
+       DynamicDlfu(),
+       shbit::kDontLetFigureUnblock},
+      {"dynamic: held where it stood when the king walked in",
+       "6r1/7p/5kp1/8/8/8/8/K7 b - - 0 1",
+       {"f6g7", "a1a2", "g8f8", "a2a1", "f8e8"},
+       DynamicDlfu(),
+       shbit::kDontLetFigureUnblock},
   };
   for (const TReplyCase& c : cases) {
     SCOPED_TRACE(c.what);

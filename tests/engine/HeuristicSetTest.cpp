@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "core/Fen.h"
 #include "engine/HeuristicPlan.h"
@@ -42,6 +44,12 @@ TEST(HeuristicSet, Descriptions) {
       {edge, "SH_KEEPKINGONTHEEDGE(ALMOST_STRICT), SH_DONTLOSEANYFIGURES(incl.pawnsBeforePromo)"},
       {corner, "SH_DONTLETKINGMOVE(excptns), SH_KEEPKINGNEARCORNER(3M)"},
       {dynamic, "SH_DONTLETFIGUREUNBLOCK (CannotApplyDLFUDynamically)"},
+      {[] {
+         THeuristicSet set = Set(shbit::kDontLoseAnyFigures);
+         set.fallback = EFallback::kKeepOnEdge;
+         return set;
+       }(),
+       "SH_DONTLOSEANYFIGURES (fallback: SH_KEEPKINGONTHEEDGE(STRICT))"},
   };
   for (const auto& c : cases) EXPECT_EQ(heuristicset::Describe(c.set), c.text);
 }
@@ -57,6 +65,12 @@ TEST(HeuristicSet, ParamsTellSetsApart) {
   THeuristicSet e = Set(shbit::kOneColorPlay), f = e;
   f.oneColour = EOneColour::kDarkSquares;
   EXPECT_NE(e.Params(), f.Params());
+  THeuristicSet e = Set(shbit::kDontLoseAnyFigures), f = e, g = e;
+  f.bDynamicDlfu = true;
+  g.fallback = EFallback::kKingStays;
+  EXPECT_NE(e.Params(), f.Params());
+  EXPECT_NE(e.Params(), g.Params());
+  EXPECT_NE(f.Params(), g.Params());
 }
 
 // Relaxation widens the forced-mate modes, loosens the edge, then drops members, and ends.
@@ -78,23 +92,65 @@ TEST(HeuristicPlan, RelaxationPathWidensStepByStep) {
   EXPECT_TRUE(heuristicplan::RelaxationPath(Set(0)).empty());
 }
 
-// The automatic choice: nothing for short problems, the edge passes only where the king is.
+// The automatic choice: nothing for short problems; after the forced-mate runs, the first
+// steps of the path of the position's type, the strictest set with the dynamic unblock
+// restriction unless Black has a queen or the switch is off.
 TEST(HeuristicPlan, AutomaticPassesFollowThePosition) {
-  const auto Passes = [](const char* fenText, int nMoves) {
+  const auto Board = [](const char* fenText) {
     TChessboard board;
     ClearChessboard(board);
     EXPECT_TRUE(fen::ReadFen(board, fenText));
-    return heuristicplan::AutomaticPasses(board, nMoves);
+    return board;
   };
-  const char* kEdge = "7k/8/8/8/8/8/8/K6R w - - 0 1";
-  const char* kCentre = "8/8/8/3k4/8/8/8/K6R w - - 0 1";
-  EXPECT_TRUE(Passes(kEdge, heuristicplan::kMinMovesForHeuristics - 1).empty());
-  const auto edge = Passes(kEdge, 8), centre = Passes(kCentre, 8);
-  ASSERT_FALSE(centre.empty());
-  EXPECT_GT(edge.size(), centre.size());
-  for (const auto& set : centre) EXPECT_TRUE(set.Has(shbit::kFindForcedMate));
-  EXPECT_TRUE(std::any_of(edge.begin(), edge.end(),
-                          [](const auto& set) { return set.Has(shbit::kKeepKingOnTheEdge); }));
+  const std::size_t nForced = heuristicplan::RelaxationPath(Set(shbit::kFindForcedMate)).size();
+  const struct {
+    const char* fen;
+    std::vector<std::string> texts;  // the passes after the forced-mate runs
+  } cases[] = {
+      {"8/8/8/3k4/8/8/8/K6R w - - 0 1",
+       {"SH_DONTLOSEANYFIGURES (fallback: SH_DONTLETKINGMOVE)",
+        "SH_DONTLOSEANYFIGURES (fallback: SH_KEEPKINGONTHEEDGE(STRICT))"}},
+      {"7k/8/8/8/8/8/8/K6R w - - 0 1",
+       {"SH_KEEPKINGONTHEEDGE(strict), SH_SAVEQUEEN/ROOK, SH_DONTLOSEANYFIGURES",
+        "SH_KEEPKINGONTHEEDGE, SH_SAVEQUEEN/ROOK, SH_DONTLOSEANYFIGURES"}},
+      {"8/8/8/8/8/8/ppQKPPP1/k7 w - - 0 1",
+       {"SH_DONTLOSEANYFIGURES, SH_ASSERTBLACKKINGSURROUNDED, SH_DONTLETPROMOTEDFIGUREMOVE",
+        "SH_ASSERTBLACKKINGSURROUNDED, SH_DONTLETPROMOTEDFIGUREMOVE"}},
+      {"4k3/4p3/4B3/8/8/3p1K2/3B4/8 w - - 0 1",
+       {"SH_AREKINGSNEAR, SH_DONTRECEDEBLACKKING, SH_DONTLOSEANYFIGURES",
+        "SH_DONTRECEDEBLACKKING, SH_DONTLOSEANYFIGURES"}},
+      {"2K5/2pp3k/8/4p3/8/8/B4q2/3Q4 w - - 0 1",
+       {"SH_KEEPKINGONTHEEDGE(strict), SH_DONTLETFIGUREUNBLOCK, SH_SAVEQUEEN/ROOK, "
+        "SH_DONTLETPROMOTEDFIGUREMOVE",
+        "SH_KEEPKINGONTHEEDGE, SH_DONTLETFIGUREUNBLOCK, SH_SAVEQUEEN/ROOK, "
+        "SH_DONTLETPROMOTEDFIGUREMOVE",
+        "SH_KEEPKINGONTHEEDGE, SH_SAVEQUEEN/ROOK, SH_DONTLETPROMOTEDFIGUREMOVE"}},
+      {"6k1/8/8/8/8/8/q7/K6R w - - 0 1",
+       {"SH_KEEPKINGONTHEEDGE(strict), SH_SAVEQUEEN/ROOK, SH_DONTLOSEANYFIGURES "
+        "(CannotApplyDLFUDynamically)",
+        "SH_KEEPKINGONTHEEDGE, SH_SAVEQUEEN/ROOK, SH_DONTLOSEANYFIGURES"}},
+  };
+  for (const auto& c : cases) {
+    const TChessboard board = Board(c.fen);
+    EXPECT_TRUE(
+        heuristicplan::AutomaticPasses(board, heuristicplan::kMinMovesForHeuristics - 1).empty());
+    for (const bool bDynamic : {true, false}) {
+      const auto passes = heuristicplan::AutomaticPasses(board, 8, bDynamic);
+      ASSERT_EQ(passes.size(), nForced + c.texts.size()) << c.fen;
+      for (std::size_t i = 0; i < nForced; ++i) EXPECT_FALSE(passes[i].bDynamicDlfu);
+      std::vector<std::string> texts;
+      for (std::size_t i = nForced; i < passes.size(); ++i) {
+        const bool bFirst = i == nForced;
+        const bool bStatic = passes[i].Has(shbit::kDontLetFigureUnblock);
+        const bool bRefused = passes[i].bCannotApplyDlfuDynamically;
+        EXPECT_EQ(passes[i].bDynamicDlfu, bDynamic && bFirst && !bStatic && !bRefused) << c.fen;
+        texts.push_back(heuristicset::Describe(passes[i]));
+      }
+      if (bDynamic) {
+        EXPECT_EQ(texts, c.texts);
+      }
+    }
+  }
 }
 
 }  // namespace
