@@ -2,19 +2,53 @@
 
 #include "problems/HeuristicCatalogue.h"
 
+namespace {
+
+// Packs the values of a set's members one after another, only those of the members the set
+// has, so that the parameters of a usual set fit the word exactly. Values beyond 32 bits
+// (hand-made sets with many parameterised members) are folded into the word: two such sets
+// may then share their doubtful answers, which can make a heuristic pass doubtful more
+// often but never makes an answer wrong.
+class CParamsPacker {
+ public:
+  void Put(std::uint32_t value, int nBits) {
+    value &= (1u << nBits) - 1;
+    if (nUsed + nBits <= 32)
+      word |= value << nUsed;
+    else
+      word ^= (value << (nUsed % 32)) | (value >> (32 - nUsed % 32) % 32);
+    nUsed += nBits;
+  }
+  std::uint32_t Word() const { return word; }
+
+ private:
+  std::uint32_t word = 0;
+  int nUsed = 0;
+};
+
+}  // namespace
+
 std::uint32_t THeuristicSet::Params() const {
-  return static_cast<std::uint32_t>(forcedMateMode) | (bPreliminary ? 1u << 4 : 0) |
-         static_cast<std::uint32_t>(nLoseFiguresLevel & 3) << 5 |
-         static_cast<std::uint32_t>(edgeForm) << 7 | (bKingMoveExceptions ? 1u << 9 : 0) |
-         static_cast<std::uint32_t>(keySquare) << 10 |
-         static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
-<<<<<<< HEAD
-         (bCornerInKingMoves ? 1u << 21 : 0) | static_cast<std::uint32_t>(nForcedMateMoves) << 22 |
-         (bCustom ? 1u << 30 : 0);
-=======
-         (bCornerInKingMoves ? 1u << 21 : 0) | (bDynamicDlfu ? 1u << 22 : 0) |
-         static_cast<std::uint32_t>(fallback) << 23;
->>>>>>> h-auto
+  CParamsPacker packer;
+  if (Has(shbit::kFindForcedMate)) {
+    // First, so that a forced-mate set's word starts with its mode number.
+    packer.Put(static_cast<std::uint32_t>(forcedMateMode), 4);
+    packer.Put(bPreliminary, 1);
+    packer.Put(nForcedMateMoves, 8);
+  }
+  if (Has(shbit::kDontLoseAnyFigures)) packer.Put(nLoseFiguresLevel, 2);
+  if (Has(shbit::kKeepKingOnTheEdge | shbit::kKeepKingWithinExtEdge))
+    packer.Put(static_cast<std::uint32_t>(edgeForm), 2);
+  if (Has(shbit::kDontLetKingMove)) packer.Put(bKingMoveExceptions, 1);
+  if (Has(shbit::kKeyField | shbit::kKeyWhiteFigure)) packer.Put(keySquare > 63 ? 64 : keySquare, 7);
+  if (Has(shbit::kKeepKingNearCorner)) {
+    packer.Put(nCornerDistance, 3);
+    packer.Put(bCornerInKingMoves, 1);
+  }
+  if (Has(shbit::kOneColorPlay)) packer.Put(static_cast<std::uint32_t>(oneColour), 2);
+  packer.Put(bDynamicDlfu, 1);
+  packer.Put(static_cast<std::uint32_t>(fallback), 2);
+  return packer.Word();
 }
 
 namespace forcedmate {

@@ -110,8 +110,8 @@ struct THeuristicSet {
   bool OthersHold(int nMove) const {
     return !Has(shbit::kFindForcedMate) || nForcedMateMoves == 0 || nMove > nForcedMateMoves;
   }
-  // The parameters word: every value above packed, so that two sets with the same mask and
-  // word restrict the search alike.
+  // The parameters word: the values of the members the set has, packed, so that two sets
+  // with the same mask and word restrict the search alike (bCustom only names the set).
   std::uint32_t Params() const;
   bool operator==(const THeuristicSet&) const = default;
 };
