@@ -54,23 +54,42 @@ TEST(HeuristicSet, Descriptions) {
   for (const auto& c : cases) EXPECT_EQ(heuristicset::Describe(c.set), c.text);
 }
 
-// Sets that restrict differently never share a parameters word.
+// Sets that restrict differently never share a parameters word: each set below differs from
+// the first of its group in one value.
 TEST(HeuristicSet, ParamsTellSetsApart) {
-  THeuristicSet a = Set(shbit::kFindForcedMate), b = a;
-  b.forcedMateMode = EForcedMateMode::kMateIn1;
-  THeuristicSet c = Set(shbit::kKeepKingNearCorner), d = c;
-  d.bCornerInKingMoves = true;
-  EXPECT_NE(a.Params(), b.Params());
-  EXPECT_NE(c.Params(), d.Params());
-  THeuristicSet e = Set(shbit::kOneColorPlay), f = e;
-  f.oneColour = EOneColour::kDarkSquares;
-  EXPECT_NE(e.Params(), f.Params());
-  THeuristicSet e = Set(shbit::kDontLoseAnyFigures), f = e, g = e;
-  f.bDynamicDlfu = true;
-  g.fallback = EFallback::kKingStays;
-  EXPECT_NE(e.Params(), f.Params());
-  EXPECT_NE(e.Params(), g.Params());
-  EXPECT_NE(f.Params(), g.Params());
+  const auto Variants = [](std::uint32_t mask, const std::vector<void (*)(THeuristicSet&)>& edits) {
+    std::vector<THeuristicSet> sets{Set(mask)};
+    for (const auto edit : edits) edit(sets.emplace_back(Set(mask)));
+    return sets;
+  };
+  const std::vector<std::vector<THeuristicSet>> groups = {
+      Variants(shbit::kFindForcedMate,
+               {[](THeuristicSet& s) { s.forcedMateMode = EForcedMateMode::kMateIn1; },
+                [](THeuristicSet& s) { s.bPreliminary = true; },
+                [](THeuristicSet& s) { s.nForcedMateMoves = 7; }}),
+      Variants(shbit::kKeepKingNearCorner,
+               {[](THeuristicSet& s) { s.bCornerInKingMoves = true; },
+                [](THeuristicSet& s) { s.nCornerDistance = 3; }}),
+      Variants(shbit::kOneColorPlay,
+               {[](THeuristicSet& s) { s.oneColour = EOneColour::kDarkSquares; }}),
+      Variants(shbit::kDontLoseAnyFigures,
+               {[](THeuristicSet& s) { s.bDynamicDlfu = true; },
+                [](THeuristicSet& s) { s.fallback = EFallback::kKingStays; },
+                [](THeuristicSet& s) { s.fallback = EFallback::kKeepOnEdge; },
+                [](THeuristicSet& s) { s.nLoseFiguresLevel = 2; }}),
+      // Many members at once: the values still tell the sets apart.
+      Variants(shbit::kFindForcedMate | shbit::kDontLoseAnyFigures | shbit::kKeepKingOnTheEdge |
+                   shbit::kDontLetKingMove | shbit::kKeepKingNearCorner,
+               {[](THeuristicSet& s) { s.nForcedMateMoves = 9; },
+                [](THeuristicSet& s) { s.edgeForm = EEdgeForm::kAllStrict; },
+                [](THeuristicSet& s) { s.bKingMoveExceptions = true; },
+                [](THeuristicSet& s) { s.fallback = EFallback::kKingStays; }}),
+  };
+  for (const std::vector<THeuristicSet>& sets : groups)
+    for (std::size_t i = 0; i < sets.size(); ++i)
+      for (std::size_t j = i + 1; j < sets.size(); ++j)
+        EXPECT_NE(sets[i].Params(), sets[j].Params()) << heuristicset::Describe(sets[i]) << " / "
+                                                      << heuristicset::Describe(sets[j]) << " " << j;
 }
 
 // Relaxation widens the forced-mate modes, loosens the edge, then drops members, and ends.
@@ -102,7 +121,6 @@ TEST(HeuristicPlan, AutomaticPassesFollowThePosition) {
     EXPECT_TRUE(fen::ReadFen(board, fenText));
     return board;
   };
-  const std::size_t nForced = heuristicplan::RelaxationPath(Set(shbit::kFindForcedMate)).size();
   const struct {
     const char* fen;
     std::vector<std::string> texts;  // the passes after the forced-mate runs
@@ -132,6 +150,7 @@ TEST(HeuristicPlan, AutomaticPassesFollowThePosition) {
   };
   for (const auto& c : cases) {
     const TChessboard board = Board(c.fen);
+    const std::size_t nForced = heuristicplan::ForcedMatePasses(board, 8).size();
     EXPECT_TRUE(
         heuristicplan::AutomaticPasses(board, heuristicplan::kMinMovesForHeuristics - 1).empty());
     for (const bool bDynamic : {true, false}) {
