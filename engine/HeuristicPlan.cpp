@@ -6,14 +6,21 @@ namespace heuristicplan {
 namespace {
 
 // The members in the order they are given up: those that restrict most go first.
-constexpr std::uint32_t kDropOrder[] = {shbit::kDontLetKingMove,
+constexpr std::uint32_t kDropOrder[] = {shbit::kSkipWorstWhiteMoves,
+                                        shbit::kDontLetKingMove,
+                                        shbit::kSingleQueenMate,
+                                        shbit::kZugzwang,
                                         shbit::kDontLetFigureUnblock,
+                                        shbit::kUseBlockBlackPawnsLevel,
                                         shbit::kKeepKingNearCorner,
                                         shbit::kAssertBlackKingSurrounded,
                                         shbit::kCaptureKnight,
                                         shbit::kAreKingsNear,
                                         shbit::kDontRecedeBlackKing,
                                         shbit::kKeyWhiteFigure,
+                                        shbit::kKeyField,
+                                        shbit::kKeyLine,
+                                        shbit::kKeyDiagonal,
                                         shbit::kDontLeaveMainDiagonal,
                                         shbit::kDontLetBlackQueenCheckTwice,
                                         shbit::kDontLetPromotedQueenMove,
@@ -21,7 +28,8 @@ constexpr std::uint32_t kDropOrder[] = {shbit::kDontLetKingMove,
                                         shbit::kKeepKingOnTheEdge,
                                         shbit::kKeepKingWithinExtEdge,
                                         shbit::kDontLoseAnyFigures,
-                                        shbit::kSaveQueenRook};
+                                        shbit::kSaveQueenRook,
+                                        shbit::k3MovesToMate};
 
 int Ring(SquareIndex s) {
   const int file = square::File(s), rank = square::Rank(s);

@@ -9,7 +9,7 @@
 #include "core/MoveMaking.h"
 
 THeuristicContext::THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root)
-    : set(heuristics) {
+    : set(heuristics), pattern(heuristics, root) {
   std::memcpy(rootSquares, root.squares, sizeof rootSquares);
   std::memcpy(nRootPieces, root.nPieces, sizeof nRootPieces);
 }
@@ -112,6 +112,8 @@ int Distance(SquareIndex a, SquareIndex b) {
 TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& context) {
   const THeuristicSet& set = context.set;
   if (const TBreak capture = CaptureBreaks(after, context); capture.bit != 0) return capture;
+  if (const std::uint32_t bit = patternrules::BlackReplyBreaks(after, set, context.pattern))
+    return {bit};
   if (IsKingMove(after)) return KingBreaks(after, context);
   const PieceCode moved = after.squares[after.lastMove.to];
   if (after.lastMove.promotion != 0 || piece::TypeOf(moved) == piece::kPawn) return {};
@@ -134,6 +136,8 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
   const TMove move = after.lastMove;
   const PieceCode moved = after.squares[move.to];
   if (set.Has(shbit::kKeyWhiteFigure) && move.from == set.keySquare) return shbit::kKeyWhiteFigure;
+  if (const std::uint32_t bit = patternrules::WhiteMoveBreaks(after, set, context.pattern))
+    return bit;
   if (set.Has(shbit::kCaptureKnight) && after.ply <= 2 && after.nPieces[kBlackKnights] > 0)
     return shbit::kCaptureKnight;
   if (set.Has(shbit::kDontLeaveMainDiagonal) && moved == piece::kWhiteBishop) {
@@ -172,7 +176,7 @@ std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext&
       }
     if (nFree > 3) return shbit::kAssertBlackKingSurrounded;
   }
-  return 0;
+  return patternrules::WhiteNodeBreaks(board, set, context.pattern);
 }
 
 bool ThreatensMateInOne(const TChessboard& after) {

@@ -3,6 +3,7 @@
 
 #include "core/Chessboard.h"
 #include "engine/HeuristicSet.h"
+#include "engine/PatternRules.h"
 
 // The restrictions of a heuristic set as predicates on the nodes of the search. Each answers
 // with the bit of the first restriction that a position breaks, 0 when it keeps them all. A
@@ -14,6 +15,7 @@ struct THeuristicContext {
   // The start position: where Black's pieces stood and how many of each kind it had.
   PieceCode rootSquares[64] = {};
   std::uint8_t nRootPieces[10] = {};
+  TPatternRoot pattern;
 
   THeuristicContext() = default;
   THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root);

@@ -8,7 +8,9 @@ std::uint32_t THeuristicSet::Params() const {
          static_cast<std::uint32_t>(edgeForm) << 7 | (bKingMoveExceptions ? 1u << 9 : 0) |
          static_cast<std::uint32_t>(keySquare) << 10 |
          static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
-         (bCornerInKingMoves ? 1u << 21 : 0);
+         (bCornerInKingMoves ? 1u << 21 : 0) |
+         static_cast<std::uint32_t>(nBlockedPawnsLevel & 15) << 22 |
+         static_cast<std::uint32_t>(keyLine & 63) << 26;
 }
 
 namespace heuristicset {
@@ -57,6 +59,11 @@ std::string ParameterText(const THeuristicSet& set, std::uint32_t bit) {
       return EdgeText(set.edgeForm);
     case shbit::kKeepKingNearCorner:
       return std::to_string(set.nCornerDistance) + (set.bCornerInKingMoves ? "M" : "");
+    case shbit::kUseBlockBlackPawnsLevel:
+      return set.nBlockedPawnsLevel == 0 ? "" : std::to_string(set.nBlockedPawnsLevel);
+    case shbit::kKeyLine:
+    case shbit::kKeyDiagonal:
+      return keyline::Text(set.keyLine);
     default:
       return "";
   }

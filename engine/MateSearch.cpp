@@ -7,6 +7,7 @@
 #include "core/MoveGeneration.h"
 #include "core/MoveMaking.h"
 #include "engine/MoveOrdering.h"
+#include "engine/PatternRules.h"
 #include "engine/RegisterKey.h"
 #include "engine/Repetition.h"
 #include "registers/TableValue.h"
@@ -197,8 +198,13 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   }
   TChessboard* children;
   const TMoveIndex* order;
-  const int n = OrderedWhiteChildren(board, children, order);
+  const int nAll = OrderedWhiteChildren(board, children, order);
+  const int n = patternrules::SearchedWhiteMoves(board, nAll, context.heuristics.set);
   TWhiteTally tally;
+  if (n < nAll) {
+    context.NoteDoubtful(shbit::kSkipWorstWhiteMoves);
+    tally.bDoubtful = true;
+  }
   if (splitBoard != nullptr && board.ply >= kMinSplitPlies && n > 1 &&
       splitBoard->HasIdleWorkers()) {
     TSplitPoint split;
