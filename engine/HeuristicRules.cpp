@@ -160,22 +160,12 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
 
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context) {
   const THeuristicSet& set = context.set;
-  const SquareIndex blackKing = board.BlackKing();
-  if (set.Has(shbit::kAreKingsNear) && Distance(board.WhiteKing(), blackKing) > (board.ply + 1) / 2)
+  if (set.Has(shbit::kAreKingsNear) &&
+      Distance(board.WhiteKing(), board.BlackKing()) > (board.ply + 1) / 2)
     return shbit::kAreKingsNear;
-  if (set.Has(shbit::kAssertBlackKingSurrounded) && board.ply <= 3) {
-    int nFree = 0;
-    for (int df = -1; df <= 1; ++df)
-      for (int dr = -1; dr <= 1; ++dr) {
-        const int file = square::File(blackKing) + df, rank = square::Rank(blackKing) + dr;
-        if ((df == 0 && dr == 0) || file < 0 || file > 7 || rank < 0 || rank > 7) continue;
-        const SquareIndex s = square::Make(file, rank);
-        if (!piece::IsBlack(board.squares[s]) &&
-            !attacks::IsAttacked(board.squares, s, piece::kWhite))
-          ++nFree;
-      }
-    if (nFree > 3) return shbit::kAssertBlackKingSurrounded;
-  }
+  if (set.Has(shbit::kAssertBlackKingSurrounded) && board.ply <= 3 &&
+      patternrules::FreeBlackKingSquares(board) > 3)
+    return shbit::kAssertBlackKingSurrounded;
   return patternrules::WhiteNodeBreaks(board, set, context.pattern);
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Attacks.h"
 #include "engine/HeuristicRules.h"
+#include "engine/KingSteps.h"
 #include "engine/QueenMateSquares.h"
 
 TPatternRoot::TPatternRoot(const THeuristicSet& set, const TChessboard& root)
@@ -34,23 +35,8 @@ bool HoldsLine(const TChessboard& board, keyline::TLine line) {
   return false;
 }
 
-// Free squares the black king may step to; each of White's pieces counts for the squares it
-// could take away from it: a queen three, a rook two, a minor piece or a pawn about to
-// promote one, a white king near enough one.
-int FreeSquares(const TChessboard& board) {
-  const SquareIndex king = board.BlackKing();
-  int nFree = 0;
-  for (int df = -1; df <= 1; ++df)
-    for (int dr = -1; dr <= 1; ++dr) {
-      const int file = square::File(king) + df, rank = square::Rank(king) + dr;
-      if ((df == 0 && dr == 0) || file < 0 || file > 7 || rank < 0 || rank > 7) continue;
-      const SquareIndex s = square::Make(file, rank);
-      nFree += !piece::IsBlack(board.squares[s]) &&
-               !attacks::IsAttacked(board.squares, s, piece::kWhite);
-    }
-  return nFree;
-}
-
+// The squares White's pieces could take away from the king in three moves: a queen three, a
+// rook two, a minor piece or a pawn about to promote one, a white king near enough one.
 int WhiteForce(const TChessboard& board) {
   int force = 3 * board.nPieces[kWhiteQueens] + 2 * board.nPieces[kWhiteRooks] +
               board.nPieces[kWhiteBishops] + board.nPieces[kWhiteKnights];
@@ -67,8 +53,18 @@ int BlockedBlackPawns(const TChessboard& board) {
   return n;
 }
 
+int FreeBlackKingSquares(const TChessboard& board) {
+  int nFree = 0;
+  ForKingSteps(board.BlackKing(), [&](SquareIndex s) {
+    nFree +=
+        !piece::IsBlack(board.squares[s]) && !attacks::IsAttacked(board.squares, s, piece::kWhite);
+  });
+  return nFree;
+}
+
 bool MateInThreeLooksHopeless(const TChessboard& board) {
-  return FreeSquares(board) > 2 * WhiteForce(board);
+  // One square to spare: the king's own steps may lead it into a corner.
+  return FreeBlackKingSquares(board) > WhiteForce(board) + 1;
 }
 
 std::uint32_t BlackReplyBreaks(const TChessboard& after, const THeuristicSet& set,

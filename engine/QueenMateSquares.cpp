@@ -5,20 +5,10 @@
 
 #include "core/Attacks.h"
 #include "engine/HeuristicRules.h"
+#include "engine/KingSteps.h"
 
 namespace queenmate {
 namespace {
-
-// Every square a king steps to from s.
-template <typename F>
-void ForNeighbours(SquareIndex s, F&& visit) {
-  for (int df = -1; df <= 1; ++df)
-    for (int dr = -1; dr <= 1; ++dr) {
-      const int file = square::File(s) + df, rank = square::Rank(s) + dr;
-      if ((df != 0 || dr != 0) && file >= 0 && file <= 7 && rank >= 0 && rank <= 7)
-        visit(square::Make(file, rank));
-    }
-}
 
 // Whether the queen on q mates the king on k among the fixed pieces of board (which holds
 // neither). Interpositions and captures by the fixed black pieces are not looked at: the
@@ -27,7 +17,7 @@ bool QueenMates(PieceCode* board, SquareIndex q, SquareIndex k) {
   board[q] = piece::kWhiteQueen;
   bool bMate = attacks::IsAttacked(board, k, piece::kWhite) &&
                (heuristicrules::Distance(q, k) > 1 || attacks::IsAttacked(board, q, piece::kWhite));
-  ForNeighbours(k, [&](SquareIndex flight) {
+  ForKingSteps(k, [&](SquareIndex flight) {
     if (bMate && !piece::IsBlack(board[flight]) &&
         !attacks::IsAttacked(board, flight, piece::kWhite))
       bMate = false;
@@ -65,7 +55,7 @@ std::array<std::uint8_t, 64> MateSquareDistances(const TChessboard& start) {
   while (!queue.empty()) {
     const SquareIndex s = queue.front();
     queue.pop_front();
-    ForNeighbours(s, [&](SquareIndex next) {
+    ForKingSteps(s, [&](SquareIndex next) {
       if (distances[next] != kUnreachable || piece::IsBlack(fixed[next])) return;
       distances[next] = static_cast<std::uint8_t>(distances[s] + 1);
       queue.push_back(next);

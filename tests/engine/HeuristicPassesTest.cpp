@@ -25,7 +25,10 @@ std::vector<std::vector<THeuristicSet>> Plans() {
           {edge},
           {kings},
           {Set(shbit::kDontLetFigureUnblock | shbit::kDontRecedeBlackKing |
-               shbit::kDontLetBlackQueenCheckTwice)}};
+               shbit::kDontLetBlackQueenCheckTwice)},
+          {Set(shbit::kZugzwang | shbit::kUseBlockBlackPawnsLevel | shbit::k3MovesToMate |
+               shbit::kSkipWorstWhiteMoves)},
+          {Set(shbit::kSingleQueenMate)}};
 }
 
 struct TRun {
