@@ -62,6 +62,15 @@ int FreeBlackKingSquares(const TChessboard& board) {
   return nFree;
 }
 
+bool ZugzwangCagePattern(const TChessboard& start) {
+  const int nPieces = start.nPieces[kBlackQueens] + start.nPieces[kBlackRooks] +
+                      start.nPieces[kBlackBishops] + start.nPieces[kBlackKnights];
+  bool bPawnBeside = false;
+  ForKingSteps(start.BlackKing(),
+               [&](SquareIndex s) { bPawnBeside |= start.squares[s] == piece::kBlackPawn; });
+  return nPieces == 0 && bPawnBeside;
+}
+
 bool MateInThreeLooksHopeless(const TChessboard& board) {
   // One square to spare: the king's own steps may lead it into a corner.
   return FreeBlackKingSquares(board) > WhiteForce(board) + 1;
@@ -75,13 +84,12 @@ std::uint32_t BlackReplyBreaks(const TChessboard& after, const THeuristicSet& se
   // The lone queen mates only while everything else stays put.
   if (set.Has(shbit::kSingleQueenMate) && type != piece::kKing) return shbit::kSingleQueenMate;
   if (set.Has(shbit::kZugzwang)) {
-    // The king shuffles in its cage, the pawns push; anything else frees Black.
-    const bool bPawnCapture = move.promotion == 0 && type == piece::kPawn &&
-                              square::File(move.from) != square::File(move.to);
-    const bool bOfficer = type != piece::kKing && type != piece::kPawn && move.promotion == 0;
-    if ((type == piece::kKing && Distance(move.to, root.blackKingStart) > 1) || bPawnCapture ||
-        bOfficer)
-      return shbit::kZugzwang;
+    // The king shuffles in its cage, the pawns push; anything else (a capture by a pawn, a
+    // promotion, a piece) frees Black.
+    const bool bCaged = type == piece::kKing ? Distance(move.to, root.blackKingStart) <= 1
+                                             : type == piece::kPawn &&
+                                                   square::File(move.from) == square::File(move.to);
+    if (!bCaged) return shbit::kZugzwang;
   }
   if (set.Has(shbit::kUseBlockBlackPawnsLevel) && FallsBelowLevel(after, root))
     return shbit::kUseBlockBlackPawnsLevel;

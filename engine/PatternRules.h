@@ -36,6 +36,9 @@ int SearchedWhiteMoves(const TChessboard& board, int n, const THeuristicSet& set
 
 // Black pawns that cannot step forward because the square ahead is taken.
 int BlockedBlackPawns(const TChessboard& board);
+// Whether the position fits SH_ZUGZWANG: Black has only its king and pawns, one of them next
+// to the king.
+bool ZugzwangCagePattern(const TChessboard& start);
 // Squares next to the black king that are neither taken by Black nor attacked by White.
 int FreeBlackKingSquares(const TChessboard& board);
 // Whether mate in three looks out of reach: the black king has more free squares around it

@@ -186,6 +186,20 @@ TEST(PatternRules, QueenMatingSquares) {
       matetest::Board("6k1/8/5Q2/8/8/8/3p1pp1/R2Kbrrb w - - 0 1", 33), 17));
 }
 
+TEST(PatternRules, ZugzwangCageIsAKingBesideItsPawnsWithoutPieces) {
+  const struct {
+    const char* fen;
+    bool bCage;
+  } cases[] = {
+      {"8/8/8/8/8/8/ppQKPPP1/k7 w - - 0 1", true},
+      {"B7/8/8/8/8/6p1/4K1pp/1N4k1 w - - 0 1", true},
+      {"8/8/8/8/8/8/npQKPPP1/k7 w - - 0 1", false},      // a knight besides
+      {"8/8/8/8/p7/K3p3/1B2p3/1k2N3 w - - 0 1", false},  // no pawn beside the king
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(patternrules::ZugzwangCagePattern(matetest::Board(c.fen, 1)), c.bCage) << c.fen;
+}
+
 TEST(PatternRules, WorstWhiteMovesAreLeftOutBelowTheRoot) {
   CLine line("4k3/8/8/8/8/8/8/R3K3 w - - 0 1");
   const TChessboard& below = line.Play({"a1a2", "e8d8"});
