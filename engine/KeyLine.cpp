@@ -4,21 +4,18 @@
 #include <cctype>
 #include <cstdlib>
 
+#include "problems/TextTools.h"
+
 namespace keyline {
 namespace {
 
 constexpr TLine kFirstRank = 8, kFirstRising = 16, kFirstFalling = 31, kEnd = 46;
 
-std::optional<SquareIndex> ReadSquare(const std::string& word, std::size_t at) {
-  if (at + 2 > word.size()) return std::nullopt;
-  const int file = std::tolower(static_cast<unsigned char>(word[at])) - 'a';
-  const int rank = word[at + 1] - '1';
-  if (file < 0 || file > 7 || rank < 0 || rank > 7) return std::nullopt;
-  return square::Make(file, rank);
-}
-
+// "A1": the upper-case form of the heuristics' parameter texts.
 std::string SquareText(int file, int rank) {
-  return {static_cast<char>('A' + file), static_cast<char>('1' + rank)};
+  std::string text = text::SquareText(square::Make(file, rank));
+  text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+  return text;
 }
 
 }  // namespace
@@ -34,10 +31,11 @@ std::optional<TLine> ReadLine(const std::string& word) {
 std::optional<TLine> ReadDiagonal(const std::string& word) {
   const std::size_t second = word.size() == 5 && word[2] == '-' ? 3 : 2;
   if (word.size() != second + 2) return std::nullopt;
-  const auto a = ReadSquare(word, 0), b = ReadSquare(word, second);
-  if (!a || !b || *a == *b) return std::nullopt;
-  const int fa = square::File(*a), ra = square::Rank(*a);
-  const int fb = square::File(*b), rb = square::Rank(*b);
+  const SquareIndex a = text::ReadSquare(word[0], word[1]);
+  const SquareIndex b = text::ReadSquare(word[second], word[second + 1]);
+  if (a == square::kNone || b == square::kNone || a == b) return std::nullopt;
+  const int fa = square::File(a), ra = square::Rank(a);
+  const int fb = square::File(b), rb = square::Rank(b);
   if (fa - ra == fb - rb) return static_cast<TLine>(kFirstRising + fa - ra + 7);
   if (fa + ra == fb + rb) return static_cast<TLine>(kFirstFalling + fa + ra);
   return std::nullopt;

@@ -200,16 +200,6 @@ TEST(PatternRules, ZugzwangCageIsAKingBesideItsPawnsWithoutPieces) {
     EXPECT_EQ(patternrules::ZugzwangCagePattern(matetest::Board(c.fen, 1)), c.bCage) << c.fen;
 }
 
-TEST(PatternRules, WorstWhiteMovesAreLeftOutBelowTheRoot) {
-  CLine line("4k3/8/8/8/8/8/8/R3K3 w - - 0 1");
-  const TChessboard& below = line.Play({"a1a2", "e8d8"});
-  const THeuristicSet skip = Set(shbit::kSkipWorstWhiteMoves);
-  EXPECT_EQ(patternrules::SearchedWhiteMoves(below, 9, skip), 6);
-  EXPECT_EQ(patternrules::SearchedWhiteMoves(below, 2, skip), 2);
-  EXPECT_EQ(patternrules::SearchedWhiteMoves(line.Root(), 9, skip), 9);
-  EXPECT_EQ(patternrules::SearchedWhiteMoves(below, 9, Set(shbit::kZugzwang)), 9);
-}
-
 // The parameter words of the key lines and the pawn level, and their texts.
 TEST(PatternRules, ParameterWordsAndTexts) {
   const struct {
