@@ -10,7 +10,8 @@ std::uint32_t THeuristicSet::Params() const {
          static_cast<std::uint32_t>(nCornerDistance & 7) << 18 |
          (bCornerInKingMoves ? 1u << 21 : 0) |
          static_cast<std::uint32_t>(nBlockedPawnsLevel & 15) << 22 |
-         static_cast<std::uint32_t>(keyLine & 63) << 26;
+         // kNone packs as 0, so that sets without a key line keep the word they had.
+         static_cast<std::uint32_t>((keyLine + 1) & 63) << 26;
 }
 
 namespace heuristicset {
