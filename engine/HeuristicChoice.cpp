@@ -73,6 +73,14 @@ bool ApplyWord(THeuristicSet& set, std::uint32_t bit, const std::string& word) {
            {EOneColour::kBishopColour, EOneColour::kLightSquares, EOneColour::kDarkSquares})
         if (text::EqualsNoCase(word, heuristicset::OneColourWord(colour)))
           return set.oneColour = colour, true;
+    case shbit::kUseBlockBlackPawnsLevel:
+      if (word.size() != 1 || word[0] < '1' || word[0] > '8') return false;
+      return set.nBlockedPawnsLevel = static_cast<std::uint8_t>(word[0] - '0'), true;
+    case shbit::kKeyLine:
+      if (const auto line = keyline::ReadLine(word)) return set.keyLine = *line, true;
+      return false;
+    case shbit::kKeyDiagonal:
+      if (const auto line = keyline::ReadDiagonal(word)) return set.keyLine = *line, true;
       return false;
     case shbit::kDontLetKingMove:
       return text::EqualsNoCase(word, "excptns") && (set.bKingMoveExceptions = true);

@@ -9,8 +9,12 @@ namespace heuristicplan {
 namespace {
 
 // The members in the order they are given up: those that restrict most go first.
-constexpr std::uint32_t kDropOrder[] = {shbit::kDontLetKingMove,
+constexpr std::uint32_t kDropOrder[] = {shbit::kSkipWorstWhiteMoves,
+                                        shbit::kDontLetKingMove,
+                                        shbit::kSingleQueenMate,
+                                        shbit::kZugzwang,
                                         shbit::kDontLetFigureUnblock,
+                                        shbit::kUseBlockBlackPawnsLevel,
                                         shbit::kKeepKingNearCorner,
                                         shbit::kSeaSnake,
                                         shbit::kZugzwangTriangles,
@@ -22,6 +26,9 @@ constexpr std::uint32_t kDropOrder[] = {shbit::kDontLetKingMove,
                                         shbit::kAreKingsNear,
                                         shbit::kDontRecedeBlackKing,
                                         shbit::kKeyWhiteFigure,
+                                        shbit::kKeyField,
+                                        shbit::kKeyLine,
+                                        shbit::kKeyDiagonal,
                                         shbit::kDontLeaveMainDiagonal,
                                         shbit::kDontLetBlackQueenCheckTwice,
                                         shbit::kDontLetPromotedQueenMove,
@@ -29,7 +36,8 @@ constexpr std::uint32_t kDropOrder[] = {shbit::kDontLetKingMove,
                                         shbit::kKeepKingOnTheEdge,
                                         shbit::kKeepKingWithinExtEdge,
                                         shbit::kDontLoseAnyFigures,
-                                        shbit::kSaveQueenRook};
+                                        shbit::kSaveQueenRook,
+                                        shbit::k3MovesToMate};
 
 // The next forced-mate mode: each lets more White moves through than the one before, the
 // "plus" modes before the longer threats, whose test costs more.

@@ -11,7 +11,7 @@
 #include "engine/ZugzwangRules.h"
 
 THeuristicContext::THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root)
-    : set(heuristics) {
+    : set(heuristics), pattern(heuristics, root) {
   std::memcpy(rootSquares, root.squares, sizeof rootSquares);
   std::memcpy(nRootPieces, root.nPieces, sizeof nRootPieces);
   if (set.Has(shbit::kSeaSnake)) nRootBlackMoves = zugzwangrules::CountBlackMoves(root);
@@ -164,6 +164,8 @@ TBreak BlackReplyBreaks(const TChessboard& after, const THeuristicContext& conte
   const THeuristicSet& set = context.set;
   if (!set.OthersHold(WhiteMoveNumber(after))) return {};
   if (const TBreak capture = CaptureBreaks(after, context); capture.bit != 0) return capture;
+  if (const std::uint32_t bit = patternrules::BlackReplyBreaks(after, set, context.pattern))
+    return {bit};
   if (IsKingMove(after)) return KingBreaks(after, context);
   const PieceCode moved = after.squares[after.lastMove.to];
   if (after.lastMove.promotion != 0 || piece::TypeOf(moved) == piece::kPawn) return {};
@@ -192,6 +194,8 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
   const TMove move = after.lastMove;
   const PieceCode moved = after.squares[move.to];
   if (set.Has(shbit::kKeyWhiteFigure) && move.from == set.keySquare) return shbit::kKeyWhiteFigure;
+  if (const std::uint32_t bit = patternrules::WhiteMoveBreaks(after, set, context.pattern))
+    return bit;
   if (set.Has(shbit::kCaptureKnight) && after.ply <= 2 && after.nPieces[kBlackKnights] > 0)
     return shbit::kCaptureKnight;
   if (set.Has(shbit::kDontLeaveMainDiagonal) && moved == piece::kWhiteBishop) {
@@ -210,23 +214,13 @@ std::uint32_t WhiteMoveBreaks(const TChessboard& after, const THeuristicContext&
 std::uint32_t WhiteNodeBreaks(const TChessboard& board, const THeuristicContext& context) {
   const THeuristicSet& set = context.set;
   if (!set.OthersHold(WhiteMoveNumber(board) + 1)) return 0;
-  const SquareIndex blackKing = board.BlackKing();
-  if (set.Has(shbit::kAreKingsNear) && Distance(board.WhiteKing(), blackKing) > (board.ply + 1) / 2)
+  if (set.Has(shbit::kAreKingsNear) &&
+      Distance(board.WhiteKing(), board.BlackKing()) > (board.ply + 1) / 2)
     return shbit::kAreKingsNear;
-  if (set.Has(shbit::kAssertBlackKingSurrounded) && board.ply <= 3) {
-    int nFree = 0;
-    for (int df = -1; df <= 1; ++df)
-      for (int dr = -1; dr <= 1; ++dr) {
-        const int file = square::File(blackKing) + df, rank = square::Rank(blackKing) + dr;
-        if ((df == 0 && dr == 0) || file < 0 || file > 7 || rank < 0 || rank > 7) continue;
-        const SquareIndex s = square::Make(file, rank);
-        if (!piece::IsBlack(board.squares[s]) &&
-            !attacks::IsAttacked(board.squares, s, piece::kWhite))
-          ++nFree;
-      }
-    if (nFree > 3) return shbit::kAssertBlackKingSurrounded;
-  }
-  return 0;
+  if (set.Has(shbit::kAssertBlackKingSurrounded) && board.ply <= 3 &&
+      patternrules::FreeBlackKingSquares(board) > 3)
+    return shbit::kAssertBlackKingSurrounded;
+  return patternrules::WhiteNodeBreaks(board, set, context.pattern);
 }
 
 bool ThreatensMateInOne(const TChessboard& after) {

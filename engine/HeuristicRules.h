@@ -4,6 +4,7 @@
 
 #include "core/Chessboard.h"
 #include "engine/HeuristicSet.h"
+#include "engine/PatternRules.h"
 
 // The restrictions of a heuristic set as predicates on the nodes of the search. Each answers
 // with the bit of the first restriction that a position breaks, 0 when it keeps them all. A
@@ -16,6 +17,7 @@ struct THeuristicContext {
   PieceCode rootSquares[64] = {};
   std::uint8_t nRootPieces[10] = {};
   int nRootBlackMoves = 0;  // Black's moves there, counted only for SH_SEASNAKE
+  TPatternRoot pattern;
 
   THeuristicContext() = default;
   THeuristicContext(const THeuristicSet& heuristics, const TChessboard& root);

@@ -45,6 +45,8 @@ std::uint32_t THeuristicSet::Params() const {
     packer.Put(nCornerDistance, 3);
     packer.Put(bCornerInKingMoves, 1);
   }
+  if (Has(shbit::kUseBlockBlackPawnsLevel)) packer.Put(nBlockedPawnsLevel, 4);
+  if (Has(shbit::kKeyLine | shbit::kKeyDiagonal)) packer.Put(keyLine, 6);
   if (Has(shbit::kOneColorPlay)) packer.Put(static_cast<std::uint32_t>(oneColour), 2);
   packer.Put(bDynamicDlfu, 1);
   packer.Put(static_cast<std::uint32_t>(fallback), 2);
@@ -130,6 +132,11 @@ std::string ParameterText(const THeuristicSet& set, std::uint32_t bit) {
       return std::to_string(set.nCornerDistance) + (set.bCornerInKingMoves ? "M" : "");
     case shbit::kOneColorPlay:
       return std::string(OneColourWord(set.oneColour));
+    case shbit::kUseBlockBlackPawnsLevel:
+      return set.nBlockedPawnsLevel == 0 ? "" : std::to_string(set.nBlockedPawnsLevel);
+    case shbit::kKeyLine:
+    case shbit::kKeyDiagonal:
+      return keyline::Text(set.keyLine);
     default:
       return "";
   }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/PieceCode.h"
+#include "engine/KeyLine.h"
 
 // The bits of the special-heuristics word (one per restriction; names in the catalogue of
 // problems/HeuristicCatalogue.h). The black king's "don't move" restriction has no catalogue
@@ -21,17 +22,24 @@ constexpr std::uint32_t kDontLetKingMove = 0x100;
 constexpr std::uint32_t kFindForcedMate = 0x200;
 constexpr std::uint32_t kDontRecedeBlackKing = 0x400;
 constexpr std::uint32_t kDontLetPromotedQueenMove = 0x800;
+constexpr std::uint32_t kKeyLine = 0x1000;
+constexpr std::uint32_t kKeyDiagonal = 0x2000;
 constexpr std::uint32_t kSaveQueenRook = 0x4000;
 constexpr std::uint32_t kDontLoseAnyFigures = 0x8000;
 constexpr std::uint32_t kDontLetBlackQueenCheckTwice = 0x10000;
+constexpr std::uint32_t kUseBlockBlackPawnsLevel = 0x20000;
 constexpr std::uint32_t kKeyField = 0x40000;
 constexpr std::uint32_t kAssertBlackKingSurrounded = 0x80000;
+constexpr std::uint32_t kSingleQueenMate = 0x100000;
+constexpr std::uint32_t k3MovesToMate = 0x200000;
 constexpr std::uint32_t kKeyWhiteFigure = 0x400000;
 constexpr std::uint32_t kCaptureKnight = 0x800000;
+constexpr std::uint32_t kSkipWorstWhiteMoves = 0x1000000;
 constexpr std::uint32_t kDontLetPromotedFigureMove = 0x2000000;
 constexpr std::uint32_t kKeepKingNearCorner = 0x4000000;
 constexpr std::uint32_t kSeaSnake = 0x8000000;
 constexpr std::uint32_t kReductionToTables = 0x40000000;
+constexpr std::uint32_t kZugzwang = 0x80000000;
 }  // namespace shbit
 
 // How strictly the king-edge restrictions hold the black king.
@@ -100,6 +108,10 @@ struct THeuristicSet {
   // and shut its own pieces in, those pieces are held near the squares they had then.
   bool bDynamicDlfu = false;
   EFallback fallback = EFallback::kNone;
+  // SH_USEBLOCKBLACKPAWNSLEVEL: how many black pawns must stay blocked; 0 takes the count of
+  // the start position.
+  std::uint8_t nBlockedPawnsLevel = 0;
+  keyline::TLine keyLine = keyline::kNone;  // SH_KEYLINE and SH_KEYDIAGONAL
 
   bool Has(std::uint32_t bits) const { return (mask & bits) != 0; }
   // Whether SH_FINDFORCEDMATE restricts White's move number nMove (1 is the key), and

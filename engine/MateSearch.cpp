@@ -8,6 +8,7 @@
 #include "core/MoveMaking.h"
 #include "engine/MoveOrdering.h"
 #include "engine/OneColourPlay.h"
+#include "engine/PatternRules.h"
 #include "engine/RegisterKey.h"
 #include "engine/Repetition.h"
 #include "engine/TableReduction.h"
@@ -202,8 +203,14 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   }
   TChessboard* children;
   const TMoveIndex* order;
-  const int n = OrderedWhiteChildren(board, children, order);
+  const int nAll = OrderedWhiteChildren(board, children, order);
+  const int n =
+      Restricted() ? patternrules::SearchedWhiteMoves(board, nAll, context.heuristics.set) : nAll;
   TWhiteTally tally;
+  if (n < nAll) {
+    context.NoteDoubtful(shbit::kSkipWorstWhiteMoves);
+    tally.bDoubtful = true;
+  }
   if (splitBoard != nullptr && !bThreatSearch && board.ply >= kMinSplitPlies && n > 1 &&
       splitBoard->HasIdleWorkers()) {
     TSplitPoint split;

@@ -41,7 +41,10 @@ std::vector<std::vector<THeuristicSet>> Plans() {
           {Set(shbit::kDontLetFigureUnblock | shbit::kDontRecedeBlackKing |
                shbit::kDontLetBlackQueenCheckTwice)},
           {Set(shbit::kSweepingWhiteRook | shbit::kZugzwangTriangles | shbit::kSeaSnake |
-               shbit::kOneColorPlay)}};
+               shbit::kOneColorPlay)},
+          {Set(shbit::kZugzwang | shbit::kUseBlockBlackPawnsLevel | shbit::k3MovesToMate |
+               shbit::kSkipWorstWhiteMoves)},
+          {Set(shbit::kSingleQueenMate)}};
 }
 
 struct TRun {
