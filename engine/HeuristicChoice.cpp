@@ -73,6 +73,7 @@ bool ApplyWord(THeuristicSet& set, std::uint32_t bit, const std::string& word) {
            {EOneColour::kBishopColour, EOneColour::kLightSquares, EOneColour::kDarkSquares})
         if (text::EqualsNoCase(word, heuristicset::OneColourWord(colour)))
           return set.oneColour = colour, true;
+      return false;
     case shbit::kUseBlockBlackPawnsLevel:
       if (word.size() != 1 || word[0] < '1' || word[0] > '8') return false;
       return set.nBlockedPawnsLevel = static_cast<std::uint8_t>(word[0] - '0'), true;
