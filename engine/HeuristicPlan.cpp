@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "engine/PatternRules.h"
 #include "engine/PositionPattern.h"
+#include "engine/QueenMateSquares.h"
 
 namespace heuristicplan {
 namespace {
@@ -194,10 +196,21 @@ std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& /*start*/, int nM
   return passes;
 }
 
+std::vector<THeuristicSet> PatternPasses(const TChessboard& start, int nMoves) {
+  if (nMoves < kMinMovesForHeuristics) return {};
+  std::vector<THeuristicSet> passes;
+  // The cage first: it is the narrower of the two, and a caged king often faces a queen.
+  if (patternrules::ZugzwangCagePattern(start)) passes.push_back(Members(shbit::kZugzwang));
+  if (queenmate::SingleQueenPattern(start, nMoves))
+    passes.push_back(Members(shbit::kSingleQueenMate));
+  return passes;
+}
+
 std::vector<THeuristicSet> AutomaticPasses(const TChessboard& start, int nMoves,
                                            bool bDynamicDlfu) {
   if (nMoves < kMinMovesForHeuristics) return {};
-  std::vector<THeuristicSet> passes = ForcedMatePasses(start, nMoves);
+  std::vector<THeuristicSet> passes = PatternPasses(start, nMoves);
+  for (const THeuristicSet& set : ForcedMatePasses(start, nMoves)) passes.push_back(set);
   std::vector<THeuristicSet> path = PlanFor(positionpattern::Detect(start), start);
   if (bDynamicDlfu && !path.front().Has(shbit::kDontLetFigureUnblock)) {
     // Only the strictest set: a key its blocked pieces hide is left to the sets after it.

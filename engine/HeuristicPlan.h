@@ -25,6 +25,11 @@ inline constexpr int kMixtureEndMoves = 2;
 // White's pieces kept.
 std::vector<THeuristicSet> ForcedMatePasses(const TChessboard& start, int nMoves);
 
+// The passes of the narrow patterns that one restriction solves on its own, tried before
+// all others since a miss costs little: a lone white queen against pieces tied to their
+// squares (SH_SINGLEQUEENMATE), a black king caged with its pawns (SH_ZUGZWANG).
+std::vector<THeuristicSet> PatternPasses(const TChessboard& start, int nMoves);
+
 // The passes chosen from the position: first the forced-mate runs (checks, then threats
 // too, then captures and promotions as well), then the few sets that suit the type of the
 // start position (see EPositionPattern), mostly the first steps of one relaxation path.

@@ -40,7 +40,8 @@ std::uint32_t THeuristicSet::Params() const {
   if (Has(shbit::kKeepKingOnTheEdge | shbit::kKeepKingWithinExtEdge))
     packer.Put(static_cast<std::uint32_t>(edgeForm), 2);
   if (Has(shbit::kDontLetKingMove)) packer.Put(bKingMoveExceptions, 1);
-  if (Has(shbit::kKeyField | shbit::kKeyWhiteFigure)) packer.Put(keySquare > 63 ? 64 : keySquare, 7);
+  if (Has(shbit::kKeyField | shbit::kKeyWhiteFigure))
+    packer.Put(keySquare > 63 ? 64 : keySquare, 7);
   if (Has(shbit::kKeepKingNearCorner)) {
     packer.Put(nCornerDistance, 3);
     packer.Put(bCornerInKingMoves, 1);

@@ -67,9 +67,8 @@ TEST(HeuristicSet, ParamsTellSetsApart) {
                {[](THeuristicSet& s) { s.forcedMateMode = EForcedMateMode::kMateIn1; },
                 [](THeuristicSet& s) { s.bPreliminary = true; },
                 [](THeuristicSet& s) { s.nForcedMateMoves = 7; }}),
-      Variants(shbit::kKeepKingNearCorner,
-               {[](THeuristicSet& s) { s.bCornerInKingMoves = true; },
-                [](THeuristicSet& s) { s.nCornerDistance = 3; }}),
+      Variants(shbit::kKeepKingNearCorner, {[](THeuristicSet& s) { s.bCornerInKingMoves = true; },
+                                            [](THeuristicSet& s) { s.nCornerDistance = 3; }}),
       Variants(shbit::kOneColorPlay,
                {[](THeuristicSet& s) { s.oneColour = EOneColour::kDarkSquares; }}),
       Variants(shbit::kDontLoseAnyFigures,
@@ -88,8 +87,9 @@ TEST(HeuristicSet, ParamsTellSetsApart) {
   for (const std::vector<THeuristicSet>& sets : groups)
     for (std::size_t i = 0; i < sets.size(); ++i)
       for (std::size_t j = i + 1; j < sets.size(); ++j)
-        EXPECT_NE(sets[i].Params(), sets[j].Params()) << heuristicset::Describe(sets[i]) << " / "
-                                                      << heuristicset::Describe(sets[j]) << " " << j;
+        EXPECT_NE(sets[i].Params(), sets[j].Params())
+            << heuristicset::Describe(sets[i]) << " / " << heuristicset::Describe(sets[j]) << " "
+            << j;
 }
 
 // Relaxation widens the forced-mate modes, loosens the edge, then drops members, and ends.
@@ -150,7 +150,8 @@ TEST(HeuristicPlan, AutomaticPassesFollowThePosition) {
   };
   for (const auto& c : cases) {
     const TChessboard board = Board(c.fen);
-    const std::size_t nForced = heuristicplan::ForcedMatePasses(board, 8).size();
+    const std::size_t nForced = heuristicplan::PatternPasses(board, 8).size() +
+                                heuristicplan::ForcedMatePasses(board, 8).size();
     EXPECT_TRUE(
         heuristicplan::AutomaticPasses(board, heuristicplan::kMinMovesForHeuristics - 1).empty());
     for (const bool bDynamic : {true, false}) {
@@ -169,6 +170,33 @@ TEST(HeuristicPlan, AutomaticPassesFollowThePosition) {
         EXPECT_EQ(texts, c.texts);
       }
     }
+  }
+}
+
+// The narrow patterns go first, each with the one restriction that fits it.
+TEST(HeuristicPlan, PatternPassesComeFirst) {
+  const struct {
+    const char* fen;
+    int nMoves;
+    std::vector<std::string> texts;
+  } cases[] = {
+      {"6k1/8/5Q2/8/8/8/3p1pp1/3Kbrrb w - - 0 1", 17, {"SH_SINGLEQUEENMATE"}},
+      {"8/8/8/8/8/8/ppQKPPP1/k7 w - - 0 1", 12, {"SH_ZUGZWANG", "SH_SINGLEQUEENMATE"}},
+      {"8/8/8/8/8/8/ppQKPPP1/k7 w - - 0 1", heuristicplan::kMinMovesForHeuristics - 1, {}},
+      {"8/8/8/3k4/8/8/8/K6R w - - 0 1", 12, {}},
+      {"8/3p4/8/2p1K3/8/2PPk2N/3pP3/3B4 w - - 0 1", 16, {"SH_ZUGZWANG"}},
+  };
+  for (const auto& c : cases) {
+    TChessboard board;
+    ClearChessboard(board);
+    ASSERT_TRUE(fen::ReadFen(board, c.fen));
+    std::vector<std::string> texts;
+    for (const THeuristicSet& set : heuristicplan::PatternPasses(board, c.nMoves))
+      texts.push_back(heuristicset::Describe(set));
+    EXPECT_EQ(texts, c.texts) << c.fen;
+    const auto passes = heuristicplan::AutomaticPasses(board, c.nMoves);
+    for (std::size_t i = 0; i < texts.size() && i < passes.size(); ++i)
+      EXPECT_EQ(heuristicset::Describe(passes[i]), texts[i]) << c.fen;
   }
 }
 
