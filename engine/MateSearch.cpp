@@ -135,7 +135,7 @@ void CMateSearch::FileDefence(const TChessboard& board, std::uint8_t bDefence) {
   context.pRegister->InsertDefence(board.ply, Key(board), bDefence);
 }
 
-std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) const {
+std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) {
   if (context.pDoubtful == nullptr || bThreatSearch || board.ply < kMinRegisterPlies ||
       registerkey::HasEnPassantRight(board) || onecolour::IsReduced(board))
     return std::nullopt;
@@ -143,7 +143,7 @@ std::optional<MateResult> CMateSearch::FindDoubtful(const TChessboard& board) co
       context.pDoubtful->FindDoubtful(context.doubtfulSelection, board.ply, Key(board));
   if (known == kDoubtfulMate) return mate::kMate;
   if (known != kDoubtfulCut) return std::nullopt;
-  context.NoteDoubtful(kDoubtfulFromStore);
+  NoteDoubtful(kDoubtfulFromStore);
   return mate::kDoubtful;
 }
 
@@ -208,7 +208,7 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
       Restricted() ? patternrules::SearchedWhiteMoves(board, nAll, context.heuristics.set) : nAll;
   TWhiteTally tally;
   if (n < nAll) {
-    context.NoteDoubtful(shbit::kSkipWorstWhiteMoves);
+    NoteDoubtful(shbit::kSkipWorstWhiteMoves);
     tally.bDoubtful = true;
   }
   if (splitBoard != nullptr && !bThreatSearch && board.ply >= kMinSplitPlies && n > 1 &&
@@ -242,7 +242,7 @@ std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
     // The preliminary run looks no further than its forced-mate depth; what lies beyond is
     // not refuted, only left to the runs that follow.
     if (MateInOne(board)) return mate::kMate;
-    context.NoteDoubtful(shbit::kFindForcedMate);
+    NoteDoubtful(shbit::kFindForcedMate);
     return mate::kForcedMateDepthEnd;
   }
   std::uint32_t bit = heuristicrules::WhiteNodeBreaks(board, context.heuristics);
@@ -252,7 +252,7 @@ std::optional<MateResult> CMateSearch::HeuristicCut(const TChessboard& board) {
   if (bit == 0) return std::nullopt;
   // The mate in one is looked for first: a restriction never hides an immediate mate.
   if (MateInOne(board)) return mate::kMate;
-  context.NoteDoubtful(bit);
+  NoteDoubtful(bit);
   return mate::kDoubtful;
 }
 
@@ -261,7 +261,7 @@ MateResult CMateSearch::WhiteNodeAfterReply(const TChessboard& child) {
     const heuristicrules::TBreak cut = heuristicrules::BlackReplyBreaks(child, context.heuristics);
     if (cut.bit != 0) {
       if (cut.bMateExcuses && MateInOne(child)) return mate::kMate;
-      context.NoteDoubtful(cut.bit);
+      NoteDoubtful(cut.bit);
       return mate::kDoubtful;
     }
   }
@@ -274,7 +274,7 @@ void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tall
   if (Restricted()) {
     if (const std::uint32_t bit =
             heuristicrules::WhiteMoveBreaks(child, context.heuristics, threatTest)) {
-      context.NoteDoubtful(bit);
+      NoteDoubtful(bit);
       tally.bDoubtful = true;
       return;
     }
@@ -393,7 +393,7 @@ MateResult CMateSearch::SearchBlackReplies(const TChessboard& board) {
   const THeuristicSet& set = context.heuristics.set;
   const bool bPass = set.Has(shbit::kOneColorPlay) && onecolour::MayPass(board, set.oneColour);
   if (bPass && onecolour::IsReduced(board) && onecolour::MayBeRealStalemate(board)) {
-    context.NoteDoubtful(shbit::kOneColorPlay);
+    NoteDoubtful(shbit::kOneColorPlay);
     return mate::kDoubtful;
   }
   int nLegal = 0;
@@ -449,7 +449,7 @@ std::optional<MateResult> CMateSearch::TryPass(const TChessboard& board, int& nL
   const std::optional<MateResult> result = SearchReply(board, child, false);
   if (!result || *result == mate::kDoubtful || onecolour::IsReduced(board)) return result;
   // Where the reduced game begins, its failure proves nothing of the real one.
-  context.NoteDoubtful(shbit::kOneColorPlay);
+  NoteDoubtful(shbit::kOneColorPlay);
   return mate::kDoubtful;
 }
 

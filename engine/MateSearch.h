@@ -40,6 +40,11 @@ class CMateSearch {
   // The moves log of this thread, written only when the solve logs moves. These write what
   // the root search walks outside this search's own recursion; what an interrupted search
   // returns is no result.
+  // Notes why a node cut its line, for this thread's moves log and for the solve.
+  void NoteDoubtful(std::uint32_t reason) {
+    doubtfulReason = reason;
+    context.NoteDoubtful(reason);
+  }
   void LogResult(const TChessboard& board, MateResult result) {
     if (logger && !Interrupted()) logger->ResultLine(board, result, doubtfulReason);
   }
@@ -121,7 +126,7 @@ class CMateSearch {
   bool UsesRegister(const TChessboard& board) const;
   // What the doubtful answers of the pass's selection say of board: mate, doubtful (noted as
   // the store's), or nothing.
-  std::optional<MateResult> FindDoubtful(const TChessboard& board) const;
+  std::optional<MateResult> FindDoubtful(const TChessboard& board);
   // Files that the search of board under the pass's selection was cut.
   void FileDoubtful(const TChessboard& board);
   // The exact answer of the endgame tables for a position they hold: mate when White mates
@@ -152,6 +157,6 @@ class CMateSearch {
   // Set while the search answers a threat of SH_FINDFORCEDMATE.
   bool bThreatSearch = false;
   const heuristicrules::TThreatTest threatTest;
-  // Why the last doubtful result was doubtful: a node that cuts a line sets it.
+  // Why the last doubtful result of this thread was doubtful: a node that cuts a line sets it.
   std::uint32_t doubtfulReason = doubtful::kRegisterNoMate;
 };

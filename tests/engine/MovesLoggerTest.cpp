@@ -267,6 +267,25 @@ TEST(MovesLogger, EveryPassOfASolveNamesItself) {
   EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith(" Pass 2")));
 }
 
+// A line cut by a heuristic gives the heuristic as its reason; without a store of doubtful
+// answers no reason is the register's.
+TEST(MovesLogger, DoubtfulLinesNameTheHeuristicThatCutThem) {
+  const CTempFolder folder;
+  const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 6, .pass = {}};
+  const auto problem = solvecontrol::Row("directmates.tsv", "meson-153314");
+  THeuristicSet forced;
+  forced.mask = shbit::kFindForcedMate;
+  {
+    CMateSolver solver(
+        Position(problem.fen), problem.nMoves,
+        {.nThreads = 1, .nMaxSolutions = 0, .pMovesLog = &settings, .heuristicPasses = {forced}});
+    solver.Run();
+  }
+  const std::vector<std::string> lines = Lines(folder / "MovesLogger_problem6_thread0.log");
+  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith("doubtful (SH_FINDFORCEDMATE)")));
+  EXPECT_THAT(lines, ::testing::Not(::testing::Contains(::testing::HasSubstr("temp.reg."))));
+}
+
 TEST(MovesLogger, ThreadsOfOneSolveWriteWholeLinesIntoFilesOfTheirOwn) {
   const CTempFolder folder;
   const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 4, .pass = {.nPass = 2}};
