@@ -246,44 +246,51 @@ TEST(MovesLogger, ASolveLogsItsTreeFromTheKeyToTheRootResult) {
   ExpectWellFormed(lines);
 }
 
-// Each pass of a solve names itself on White's last moves: the heuristic pass by its set.
-TEST(MovesLogger, EveryPassOfASolveNamesItself) {
+// The moves log of a solve of a reference row with a checks-only pass, then pass 2: its
+// lines and the number of keys the solve found.
+struct TForcedPassLog {
+  std::vector<std::string> lines;
+  std::size_t nKeys = 0;
+};
+TForcedPassLog LogOfForcedPass(const char* id, const THeuristicSet& forced) {
   const CTempFolder folder;
   const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 5, .pass = {}};
-  const auto problem = solvecontrol::Row("directmates.tsv", "meson-182720");
-  THeuristicSet forced;
-  forced.mask = shbit::kFindForcedMate;
+  const auto problem = solvecontrol::Row("directmates.tsv", id);
+  TForcedPassLog log;
   {
     CMateSolver solver(
         Position(problem.fen), problem.nMoves,
         {.nThreads = 1, .nMaxSolutions = 0, .pMovesLog = &settings, .heuristicPasses = {forced}});
-    ASSERT_EQ(solver.Run().keys.size(), 1u);
-  }
-  const std::vector<std::string> lines = Lines(folder / "MovesLogger_problem5_thread0.log");
+    log.nKeys = solver.Run().keys.size();
+  }  // the files are closed with the solver
+  log.lines = Lines(folder / "MovesLogger_problem5_thread0.log");
+  return log;
+}
+
+THeuristicSet ChecksOnly() {
+  THeuristicSet forced;
+  forced.mask = shbit::kFindForcedMate;
+  return forced;
+}
+
+// Each pass of a solve names itself on White's last moves: the heuristic pass by its set.
+TEST(MovesLogger, EveryPassOfASolveNamesItself) {
+  const THeuristicSet forced = ChecksOnly();
+  const TForcedPassLog log = LogOfForcedPass("meson-182720", forced);
+  ASSERT_EQ(log.nKeys, 1u);
   const std::string heuristicPass = " Pass 1a Heur=" + std::to_string(shbit::kFindForcedMate) +
                                     " HeurParams=" + std::to_string(forced.Params()) + " " +
                                     heuristicset::Describe(forced);
-  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith(heuristicPass)));
-  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith(" Pass 2")));
+  EXPECT_THAT(log.lines, ::testing::Contains(::testing::EndsWith(heuristicPass)));
+  EXPECT_THAT(log.lines, ::testing::Contains(::testing::EndsWith(" Pass 2")));
 }
 
 // A line cut by a heuristic gives the heuristic as its reason; without a store of doubtful
 // answers no reason is the register's.
 TEST(MovesLogger, DoubtfulLinesNameTheHeuristicThatCutThem) {
-  const CTempFolder folder;
-  const TMovesLogSettings settings{.folder = folder.Path(), .nProblem = 6, .pass = {}};
-  const auto problem = solvecontrol::Row("directmates.tsv", "meson-153314");
-  THeuristicSet forced;
-  forced.mask = shbit::kFindForcedMate;
-  {
-    CMateSolver solver(
-        Position(problem.fen), problem.nMoves,
-        {.nThreads = 1, .nMaxSolutions = 0, .pMovesLog = &settings, .heuristicPasses = {forced}});
-    solver.Run();
-  }
-  const std::vector<std::string> lines = Lines(folder / "MovesLogger_problem6_thread0.log");
-  EXPECT_THAT(lines, ::testing::Contains(::testing::EndsWith("doubtful (SH_FINDFORCEDMATE)")));
-  EXPECT_THAT(lines, ::testing::Not(::testing::Contains(::testing::HasSubstr("temp.reg."))));
+  const TForcedPassLog log = LogOfForcedPass("meson-153314", ChecksOnly());
+  EXPECT_THAT(log.lines, ::testing::Contains(::testing::EndsWith("doubtful (SH_FINDFORCEDMATE)")));
+  EXPECT_THAT(log.lines, ::testing::Not(::testing::Contains(::testing::HasSubstr("temp.reg."))));
 }
 
 TEST(MovesLogger, ThreadsOfOneSolveWriteWholeLinesIntoFilesOfTheirOwn) {
