@@ -37,14 +37,14 @@ class CMateSearch {
   // pass: then doubtful, or mate when White mates at once all the same.
   MateResult WhiteNodeAfterReply(const TChessboard& child);
 
-  // The moves log of this thread, written only when the solve logs moves. These write what
-  // the root search walks outside this search's own recursion; what an interrupted search
-  // returns is no result.
   // Notes why a node cut its line, for this thread's moves log and for the solve.
   void NoteDoubtful(std::uint32_t reason) {
     doubtfulReason = reason;
     context.NoteDoubtful(reason);
   }
+  // The moves log of this thread, written only when the solve logs moves. These write what
+  // the root search walks outside this search's own recursion; what an interrupted search
+  // returns is no result.
   void LogResult(const TChessboard& board, MateResult result) {
     if (logger && !Interrupted()) logger->ResultLine(board, result, doubtfulReason);
   }
