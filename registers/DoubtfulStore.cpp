@@ -42,7 +42,7 @@ bool RegisterItemBefore(const TChessboardRegisterItem& a, const TChessboardRegis
     std::uint64_t wordA, wordB;
     std::memcpy(&wordA, a.bytes + 8 * i, sizeof wordA);
     std::memcpy(&wordB, b.bytes + 8 * i, sizeof wordB);
-    if (wordA != wordB) return static_cast<std::int64_t>(wordA - wordB) < 0;
+    if (wordA != wordB) return wordA < wordB;
   }
   return false;
 }

@@ -26,8 +26,9 @@ struct TDoubtfulElement {
 constexpr std::uint8_t kDoubtfulMate = 1;
 constexpr std::uint8_t kDoubtfulCut = 255;  // the search must return doubtful here
 
-// Keys ordered as eight 64-bit words, first word first; the first differing pair decides by
-// the sign of their wrapping difference.
+// Keys ordered as eight unsigned 64-bit words, first word first. The sign of the wrapping
+// difference would not do: it is not transitive (0 < 2^62 < 2^63 + 1 < 0), and a tree
+// bucket built on it loses keys and, in time, its own structure.
 bool RegisterItemBefore(const TChessboardRegisterItem& a, const TChessboardRegisterItem& b);
 
 // A hash table of doubtful elements under one lock. A bucket is empty, a short array, or,

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
+#include <random>
 #include <vector>
 
 #include "RegisterTestSupport.h"
@@ -96,12 +98,38 @@ TEST(DoubtfulStore, SweepAndClearWorkOnArraysAndTrees) {
   }
 }
 
-TEST(DoubtfulStore, KeysAreOrderedWordByWordByTheSignOfTheDifference) {
-  TChessboardRegisterItem low, high;
-  EXPECT_FALSE(RegisterItemBefore(low, high));
-  high.bytes[8] = 1;  // second word 1 against 0
-  EXPECT_TRUE(RegisterItemBefore(low, high));
-  EXPECT_FALSE(RegisterItemBefore(high, low));
-  low.bytes[7] = 0x80;  // first word 2^63 against 0: the wrapping difference is negative
-  EXPECT_TRUE(RegisterItemBefore(low, high));
+namespace {
+TChessboardRegisterItem KeyWithFirstWord(std::uint64_t word) {
+  TChessboardRegisterItem key;
+  std::memcpy(key.bytes, &word, sizeof word);
+  return key;
+}
+}  // namespace
+
+TEST(DoubtfulStore, KeysAreOrderedWordByWordAndTransitively) {
+  const TChessboardRegisterItem zero, quarter = KeyWithFirstWord(std::uint64_t{1} << 62),
+                                      beyondHalf = KeyWithFirstWord((std::uint64_t{1} << 63) + 1);
+  TChessboardRegisterItem secondWord;
+  secondWord.bytes[8] = 1;
+  EXPECT_FALSE(RegisterItemBefore(zero, zero));
+  EXPECT_TRUE(RegisterItemBefore(zero, secondWord));
+  EXPECT_FALSE(RegisterItemBefore(secondWord, zero));
+  // A wrapping difference would order these three in a circle.
+  EXPECT_TRUE(RegisterItemBefore(zero, quarter));
+  EXPECT_TRUE(RegisterItemBefore(quarter, beyondHalf));
+  EXPECT_TRUE(RegisterItemBefore(zero, beyondHalf));
+  EXPECT_FALSE(RegisterItemBefore(beyondHalf, zero));
+}
+
+TEST(DoubtfulStore, ATreeBucketKeepsKeysFromTheWholeWordRange) {
+  for (std::uint64_t seed = 0; seed < 20; ++seed) {
+    CDoubtfulStore store(1);  // every key in one bucket, a tree after 16
+    std::mt19937_64 random(seed);
+    std::vector<TChessboardRegisterItem> keys;
+    for (int i = 0; i < 200; ++i) keys.push_back(KeyWithFirstWord(random()));
+    for (const auto& key : keys) store.Record(9, key, false);
+    EXPECT_EQ(store.Count(), keys.size()) << seed;
+    for (const auto& key : keys) EXPECT_EQ(store.Find(9, key), kDoubtfulCut) << seed;
+    EXPECT_EQ(store.Sweep(9, 9), keys.size()) << seed;
+  }
 }
