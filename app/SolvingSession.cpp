@@ -68,6 +68,12 @@ TThreadSettings MachineThreads(const COptions& settings) {
                                std::max<unsigned>(1, settings.nMultithreadingLevels));
 }
 
+// A problem that names its scheduler levels (SCHEDULERLEVELS) tunes its own solves.
+int SchedulerLevels(const TProblem& problem, const COptions& settings) {
+  return problem.nSchedulerLevels != 0 ? problem.nSchedulerLevels
+                                       : std::max<int>(0, settings.nSchedulerLevels);
+}
+
 }  // namespace
 
 CSolvingSession::CSolvingSession(const COptions& options, TSessionCallbacks sessionCallbacks,
@@ -196,6 +202,8 @@ void CSolvingSession::RunPass(SolvingRequest& request) {
         .nAdviceLevels = nTablebaseLevels,
         .nLevels = static_cast<int>(request.threads.nLevels),
         .bShareFirstMoves = settings.bLetAnalyzeTheSameMoveInTwoThreads,
+        .nSchedulerLevels = SchedulerLevels(*request.pProblem, settings),
+        .bCustomScheduler = settings.bCustomScheduler,
         .sortIndications = sortsource::ForSolve(
             *request.pProblem, settings.bUseMainVariantAsSortIndications, request.nMirrorPass == 1),
         .pMovesLog = settings.bLogMoves ? &movesLog : nullptr,

@@ -30,6 +30,7 @@ struct TBenchMoremoversArguments {
   bool bNoDynamicDlfu = false;
   std::int64_t nRegisterElements = 4'000'000;
   bool bNoTables = false;
+  int nSchedulerLevels = 6;  // as a user's solve by default
 };
 
 struct TRowResult {
@@ -56,6 +57,8 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
                       .pRegister = &reg,
                       .pDoubtful = &reg,
                       .pTables = tables,
+                      .nSchedulerLevels = args.nSchedulerLevels,
+                      .bCustomScheduler = args.nSchedulerLevels > 0,
                       .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named,
                                                                     !args.bNoDynamicDlfu),
                       .bPass2 = !args.bNoPass2,
@@ -140,5 +143,9 @@ void AddBenchMoremoversCommand(CLI::App& bench) {
       ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->add_flag("--no-tables", args->bNoTables,
                     "Solve without the endgame tables of the working folder (Precalc)");
+  command
+      ->add_option("--scheduler-levels", args->nSchedulerLevels,
+                   "Levels whose White nodes lend time to their runners-up (0: no scheduler)")
+      ->check(CLI::Range(0, 9));
   command->callback([args] { RunBenchMoremovers(*args); });
 }

@@ -24,6 +24,7 @@ struct TBenchSolveArguments {
   int nRuns = 1;
   std::int64_t nRegisterElements = 20'000'000;  // signed, so that "-1" is refused
   bool bNoTables = false;
+  int nSchedulerLevels = 6;  // as a user's solve by default
 };
 
 struct TTiming {
@@ -40,9 +41,13 @@ TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSo
   TTiming timing;
   timing.seconds = MedianSeconds(args.nRuns, [&] {
     TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
-    CMateSolver solver(
-        start, nMoves,
-        {.nThreads = nThreads, .nMaxSolutions = 0, .pRegister = &reg, .pTables = tables});
+    CMateSolver solver(start, nMoves,
+                       {.nThreads = nThreads,
+                        .nMaxSolutions = 0,
+                        .pRegister = &reg,
+                        .pTables = tables,
+                        .nSchedulerLevels = args.nSchedulerLevels,
+                        .bCustomScheduler = args.nSchedulerLevels > 0});
     const TRootOutcome outcome = solver.Run();
     timing.nPositions = outcome.nPositions;
     timing.keys = outcome.keys;
@@ -158,5 +163,9 @@ void AddBenchSolveCommand(CLI::App& bench) {
       ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
   command->add_flag("--no-tables", args->bNoTables,
                     "Solve without the endgame tables of the working folder (Precalc)");
+  command
+      ->add_option("--scheduler-levels", args->nSchedulerLevels,
+                   "Levels whose White nodes lend time to their runners-up (0: no scheduler)")
+      ->check(CLI::Range(0, 9));
   command->callback([args] { RunBenchSolve(*args); });
 }

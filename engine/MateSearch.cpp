@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <exception>
 
 #include "core/CheckPrediction.h"
 #include "core/MoveGeneration.h"
@@ -93,6 +94,10 @@ int CMateSearch::SkipAdvisedMoves(const TChessboard& board, const TChessboard* c
 
 bool CMateSearch::MayGoOn() {
   if (Interrupted()) return false;
+  if (scheduler != nullptr) {
+    scheduler->Gate().YieldIfDue();
+    if (scheduler->WantsWork() && !lendingNodes.empty()) OfferRunnerUps();
+  }
   return !IsPaused() || ParkWhilePaused();
 }
 
@@ -211,14 +216,18 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
     NoteDoubtful(shbit::kSkipWorstWhiteMoves);
     tally.bDoubtful = true;
   }
-  if (splitBoard != nullptr && !bThreatSearch && board.ply >= kMinSplitPlies && n > 1 &&
-      splitBoard->HasIdleWorkers()) {
+  const bool bMaySplit = !bThreatSearch && board.ply >= kMinSplitPlies && n > 1;
+  const bool bShare = bMaySplit && splitBoard != nullptr && splitBoard->HasIdleWorkers();
+  if (bShare || (bMaySplit && scheduler != nullptr && scheduler->Covers(board))) {
     TSplitPoint split;
     split.children = children;
     split.order = order;
     split.n = n;
     split.abandon.parent = abandon;
-    SearchWhiteChildrenShared(split);
+    if (bShare)
+      SearchWhiteChildrenShared(split);
+    else
+      SearchWhiteChildrenLendingTime(split);
     tally = split.tally;
   } else {
     for (int i = 0; i < n && !tally.bMate; ++i) {
@@ -302,6 +311,44 @@ void CMateSearch::EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tall
 void CMateSearch::SearchWhiteChildrenShared(TSplitPoint& split) {
   const CSplitBoard::COpening opening(*splitBoard, split);
   HelpAt(split);
+}
+
+void CMateSearch::SearchWhiteChildrenLendingTime(TSplitPoint& split) {
+  lendingNodes.push_back({&split, std::chrono::steady_clock::now(), false});
+  // However the node ends, its helpers have left before its tally is read. When it ends by
+  // an exception, they are told to give up first: nobody will read what they find.
+  struct TEnd {
+    CMateSearch& search;
+    const int nUncaught = std::uncaught_exceptions();
+    ~TEnd() {
+      const TLendingNode node = search.lendingNodes.back();
+      search.lendingNodes.pop_back();
+      if (!node.bOpen) return;
+      if (std::uncaught_exceptions() > nUncaught) {
+        node.split->abandon.bSet = true;
+        search.context.run.WakeParked();
+      }
+      search.scheduler->Board().Close(*node.split);
+    }
+  } end{*this};
+  HelpAt(split);
+}
+
+void CMateSearch::OfferRunnerUps() {
+  const auto now = std::chrono::steady_clock::now();
+  for (TLendingNode& node : lendingNodes) {
+    const TSplitPoint& split = *node.split;
+    const bool bMovesLeft = split.nNext.load() < split.n && !split.abandon.IsSet();
+    if (node.bOpen) {
+      if (bMovesLeft) return;  // still on offer
+      continue;
+    }
+    if (now - node.start < scheduler->RunnerUpDelay()) return;  // the deeper ones are younger
+    if (!bMovesLeft) continue;
+    node.bOpen = true;
+    scheduler->Board().Open(*node.split);
+    return;
+  }
 }
 
 void CMateSearch::HelpAt(TSplitPoint& split) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -7,6 +8,7 @@
 
 #include "core/Chessboard.h"
 #include "engine/MateResult.h"
+#include "engine/Scheduler.h"
 #include "engine/SearchContext.h"
 #include "engine/SplitBoard.h"
 #include "engine/SplitPoint.h"
@@ -65,6 +67,9 @@ class CMateSearch {
   void SetAbandonLink(const TAbandonLink* link) { abandon = link; }
   // Lets deep White nodes offer their moves to idle threads of the same solve.
   void SetSplitBoard(CSplitBoard* board) { splitBoard = board; }
+  // Lets the White nodes the scheduler covers lend time to their runners-up, and hands this
+  // thread's permit on at the end of its time slices.
+  void SetScheduler(CScheduler* lender) { scheduler = lender; }
   // Whether results are no longer worth anything: the solve stops, or the work was abandoned.
   bool Interrupted() const {
     return context.run.IsStopping() || context.bPassTimeUp.load(std::memory_order_relaxed) ||
@@ -115,6 +120,12 @@ class CMateSearch {
   // Searches one White move and notes what it gave.
   void EvaluateWhiteChild(const TChessboard& child, TWhiteTally& tally);
   void SearchWhiteChildrenShared(TSplitPoint& split);
+  // Searches the moves of a node the scheduler covers, offering them to its threads once the
+  // node has run long enough (see OfferRunnerUps).
+  void SearchWhiteChildrenLendingTime(TSplitPoint& split);
+  // At a Black node: opens the shallowest covered node of this line that has run longer than
+  // the scheduler's delay, when a scheduler's thread waits for work.
+  void OfferRunnerUps();
   void CountPosition() {
     nPositions.store(nPositions.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
   }
@@ -153,6 +164,15 @@ class CMateSearch {
   std::atomic<bool> bPausedAlone{false};
   const TAbandonLink* abandon = nullptr;
   CSplitBoard* splitBoard = nullptr;
+  CScheduler* scheduler = nullptr;
+  // The covered nodes of this thread's line, shallowest first, with when each began and
+  // whether its moves are open to the scheduler's threads.
+  struct TLendingNode {
+    TSplitPoint* split;
+    std::chrono::steady_clock::time_point start;
+    bool bOpen;
+  };
+  std::vector<TLendingNode> lendingNodes;
   std::unique_ptr<CMovesLogger> logger;
   // Set while the search answers a threat of SH_FINDFORCEDMATE.
   bool bThreatSearch = false;

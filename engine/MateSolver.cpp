@@ -75,6 +75,11 @@ void CMateSolver::BeginPass(const TPassInfo& next) {
       std::make_unique<CRootSearch>(context, root, WorkerCount(settings.nThreads, settings.nLevels),
                                     settings.bShareFirstMoves, settings.onlyFirstMoves);
   search->SetHooks(settings.hooks);
+  // The forced-mate runs look for short lines in the best-sorted moves: no time to lend.
+  if (settings.nSchedulerLevels > 0 && !next.heuristics.Has(shbit::kFindForcedMate))
+    search->EnableScheduler({.nMultithreadingLevels = std::max(1, settings.nLevels),
+                             .nLevels = settings.nSchedulerLevels,
+                             .bCustom = settings.bCustomScheduler});
   current.store(search.get());
   const std::lock_guard lock(passMutex);
   searches.push_back(std::move(search));

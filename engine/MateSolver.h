@@ -51,6 +51,10 @@ class CMateSolver {
     int nLevels = 1;
     // Whether a thread may join the analysis of a first move another thread has taken.
     bool bShareFirstMoves = true;
+    // White moves after the multithreading levels whose nodes lend time to their runners-up
+    // (see CScheduler), 0 for none, and whether deeper nodes with a long way to go do too.
+    int nSchedulerLevels = 0;
+    bool bCustomScheduler = false;
     // Which White moves to try first (see CWhiteMoveHints); the keys found do not depend on it.
     TSortIndications sortIndications = {};
     // Where the threads log the moves they search; null for no log. Must outlive the solve.

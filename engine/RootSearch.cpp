@@ -37,14 +37,31 @@ CRootSearch::CRootSearch(SearchContext& searchContext, const TChessboard& rootBo
 
 void CRootSearch::ReleaseBuffers() {
   for (const auto& search : searches) search->ReleaseBuffers();
+  if (lending) lending->ReleaseBuffers();
+}
+
+void CRootSearch::EnableScheduler(const CScheduler::TSettings& settings) {
+  const bool bShare = searches.size() > 1 && bShareFirstMoves;
+  lending = std::make_unique<CLendingThreads>(
+      context, root.ply, settings, static_cast<int>(searches.size()), splitBoard, bShare);
+  for (const auto& search : searches) search->SetScheduler(&lending->Scheduler());
 }
 
 TRootOutcome CRootSearch::Run(int nMaxSolutions) {
   queue.SetKeysWanted(nMaxSolutions);
+  context.run.SetActivityGate(lending ? &lending->Scheduler().Gate() : nullptr);
   std::vector<std::unique_ptr<CSolvingThread>> threads;
-  const bool bStarted = StartHelpers(threads);
+  const int nFirstLendingLog = 2 * static_cast<int>(searches.size());
+  const bool bStarted =
+      StartHelpers(threads) &&
+      (!lending || lending->Start(hooks.startThread, StackBytes(), nFirstLendingLog));
   if (bStarted) RunWorker(0);
   for (auto& thread : threads) thread->Join();
+  if (lending) {
+    const std::exception_ptr lendingFailure = lending->End();
+    if (!failure) failure = lendingFailure;
+  }
+  context.run.SetActivityGate(nullptr);
   if (failure) std::rethrow_exception(failure);
   TRootOutcome outcome = Collect();
   searches[0]->LogResult(root, outcome.result);
@@ -56,9 +73,7 @@ TRootOutcome CRootSearch::Run(int nMaxSolutions) {
 }
 
 bool CRootSearch::StartHelpers(std::vector<std::unique_ptr<CSolvingThread>>& threads) {
-  // Deep stipulations recurse deep: give every thread room for the line it may build.
-  const std::size_t nStack =
-      SolvingThreadStackSize(static_cast<std::uint16_t>(std::min(65535, 16 * root.ply)));
+  const std::size_t nStack = StackBytes();
   for (std::size_t worker = 1; worker < searches.size(); ++worker) {
     bool bStarted = false;
     try {
@@ -78,8 +93,14 @@ bool CRootSearch::StartHelpers(std::vector<std::unique_ptr<CSolvingThread>>& thr
   return true;
 }
 
+std::size_t CRootSearch::StackBytes() const {
+  // Deep stipulations recurse deep: give every thread room for the line it may build.
+  return SolvingThreadStackSize(static_cast<std::uint16_t>(std::min(65535, 16 * root.ply)));
+}
+
 void CRootSearch::RunWorker(int worker) noexcept {
   try {
+    const CActivityGate::CHold permit(context.run.ActivityGate(), CScheduler::kWorkerSlice);
     Work(worker);
   } catch (...) {
     {
@@ -104,7 +125,9 @@ void CRootSearch::Work(int worker) {
     // Moves of a deep White node are all needed when it fails; a root move's further
     // replies are wasted when its first one refutes it. So split points come first.
     splitBoard.SetIdle(true);
-    TSplitPoint* split = splitBoard.Join();
+    // The nodes that lend time to the scheduler's threads are shared no further than that
+    // unless first moves are shared.
+    TSplitPoint* split = bShareFirstMoves ? splitBoard.Join() : nullptr;
     TRootTask* task = split == nullptr && bShareFirstMoves ? queue.FindTaskToHelp() : nullptr;
     if (split == nullptr && task == nullptr) context.run.WaitForChange(seen);
     splitBoard.SetIdle(false);
@@ -269,7 +292,11 @@ TRootOutcome CRootSearch::Collect() const {
 }
 
 std::uint64_t CRootSearch::Positions() const {
-  std::uint64_t n = 0;
+  std::uint64_t n = lending ? lending->Positions() : 0;
   for (const auto& search : searches) n += search->Positions();
   return n;
+}
+
+std::uint64_t CRootSearch::LentPositions() const {
+  return lending ? lending->Positions() : 0;
 }

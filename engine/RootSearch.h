@@ -11,6 +11,7 @@
 #include "core/Chessboard.h"
 #include "engine/AnswerCountMap.h"
 #include "engine/FirstMoveQueue.h"
+#include "engine/LendingThreads.h"
 #include "engine/MateSearch.h"
 #include "engine/SolvingThread.h"
 
@@ -51,6 +52,9 @@ class CRootSearch {
   CRootSearch(SearchContext& context, const TChessboard& root, int nThreads,
               bool bShareFirstMoves = true, const std::vector<TMove>& onlyFirstMoves = {});
   void SetHooks(TRootHooks rootHooks) { hooks = std::move(rootHooks); }
+  // Lets the White nodes below the multithreading levels lend time to their runners-up (see
+  // CScheduler); before Run.
+  void EnableScheduler(const CScheduler::TSettings& settings);
   // Stops after nMaxSolutions keys (0: all solutions), the first ones in the order of
   // analysis. Blocks until every worker ended; rethrows what a worker threw.
   TRootOutcome Run(int nMaxSolutions);
@@ -59,6 +63,8 @@ class CRootSearch {
   void ReleaseBuffers();
 
   std::uint64_t Positions() const;
+  // The part of them that the scheduler's threads searched.
+  std::uint64_t LentPositions() const;
   // What an ended turn left of each first move, and the next turn of the same pass picking it
   // up (before Run).
   std::vector<TFirstMoveRecord> Records() const { return queue.Records(); }
@@ -85,10 +91,11 @@ class CRootSearch {
  private:
   // Starts the workers beyond the calling thread's; false when one could not be started.
   bool StartHelpers(std::vector<std::unique_ptr<CSolvingThread>>& threads);
+  // Room for the deepest line the solve may build.
+  std::size_t StackBytes() const;
   // Every worker thread's entry: what it throws stops the solve and is kept for Run.
   void RunWorker(int worker) noexcept;
   void Work(int worker);
-  bool HelpSomewhere(CMateSearch& search);
   void Evaluate(int worker, int index);
   MateResult SearchMove(CMateSearch& search, TRootTask& task);
   bool PrepareReplies(TRootTask& task);
@@ -107,6 +114,7 @@ class CRootSearch {
   CFirstMoveQueue queue;
   const bool bShareFirstMoves;
   CSplitBoard splitBoard;
+  std::unique_ptr<CLendingThreads> lending;  // null without the scheduler
 
   std::mutex failureMutex;
   std::exception_ptr failure;  // under failureMutex: the first thing a worker threw

@@ -20,6 +20,7 @@ void CRunControl::Notify() {
 }
 
 void CRunControl::WaitForChange(std::uint64_t seen) {
+  const CActivityGate::CStepAside aside(ActivityGate());
   std::unique_lock lock(mutex);
   changed.wait(lock, [this, seen] { return generation.load(std::memory_order_relaxed) != seen; });
 }
@@ -32,6 +33,7 @@ void CRunControl::WakeParked() {
 }
 
 void CRunControl::ParkUntil(const std::function<bool()>& bMayGoOn) {
+  const CActivityGate::CStepAside aside(ActivityGate());
   {
     std::unique_lock lock(mutex);
     nParked.fetch_add(1, std::memory_order_relaxed);

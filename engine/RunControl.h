@@ -5,6 +5,8 @@
 #include <functional>
 #include <mutex>
 
+#include "engine/ActivityGate.h"
+
 // Whether the threads of one solve run, pause or stop, and where they wait when they have
 // nothing to do. The search checks the state at every Black node, so the checks are single
 // relaxed loads. Every change that a waiting thread may wait for is announced with Notify,
@@ -37,6 +39,11 @@ class CRunControl {
   // reads atomics only: it runs under the control's lock.
   void ParkUntil(const std::function<bool()>& bMayGoOn);
   int ParkedThreads() const { return nParked.load(); }
+  // The gate that limits the threads running at once (see CScheduler), or none. A thread
+  // that sleeps here gives its permit back while it sleeps. Set only while no solving thread
+  // runs.
+  void SetActivityGate(CActivityGate* activityGate) { gate.store(activityGate); }
+  CActivityGate* ActivityGate() const { return gate.load(std::memory_order_relaxed); }
 
  private:
   void Enter(EState next);
@@ -46,4 +53,5 @@ class CRunControl {
   std::atomic<int> nParked{0};
   std::mutex mutex;
   std::condition_variable changed;
+  std::atomic<CActivityGate*> gate{nullptr};
 };

@@ -16,6 +16,10 @@ class CSplitBoard {
 
   // A split point with moves left, its helper count raised; null when there is none.
   TSplitPoint* Join();
+  // Offers split's moves to helpers from now on; the owner must Close it before it returns.
+  void Open(TSplitPoint& split);
+  // Removes the split point once no helper is inside it any more.
+  void Close(TSplitPoint& split);
 
   // Keeps a split point open to helpers for the owner's scope. When the owner leaves by an
   // exception, the helpers are told to give up first: nobody will read what they find.
@@ -47,9 +51,6 @@ class CSplitBoard {
   };
 
  private:
-  void Open(TSplitPoint& split);
-  // Removes the split point once no helper is inside it any more.
-  void Close(TSplitPoint& split);
   void Leave(TSplitPoint& split);
 
   CRunControl& control;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "TestData.h"
 #include "core/ChessException.h"
@@ -23,7 +24,9 @@ std::string WithoutCaptureMark(std::string move) {
 }
 
 TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int nThreads = 1,
-                 bool bShareFirstMoves = true) {
+                 bool bShareFirstMoves = true,
+                 const std::optional<CScheduler::TSettings>& scheduler = std::nullopt,
+                 std::uint64_t* pLentPositions = nullptr) {
   TChessboard root;
   ClearChessboard(root);
   EXPECT_TRUE(fen::ReadFen(root, fenText));
@@ -32,7 +35,9 @@ TSolved SolveAll(const std::string& fenText, int nMoves, bool bWithRegister, int
   SearchContext context;
   if (bWithRegister) context.pRegister = &reg;
   CRootSearch search(context, root, nThreads, bShareFirstMoves);
+  if (scheduler) search.EnableScheduler(*scheduler);
   const TRootOutcome outcome = search.Run(0);
+  if (pLentPositions != nullptr) *pLentPositions += search.LentPositions();
   TSolved solved{outcome.result, {}};
   for (TMove key : outcome.keys)
     solved.keys.push_back(WithoutCaptureMark(notation::MoveToText(root, key)));
@@ -77,6 +82,28 @@ TEST(DirectMates, ThreadedSolvesGiveThePublishedKeys) {
     ++nSolved;
   }
   EXPECT_GE(nSolved, 5);
+}
+
+// The scheduler's threads take the runners-up of every node it covers at once (no delay),
+// with one worker and with more: the keys must not change, and the lent time must be used.
+TEST(DirectMates, ThreadedSolvesWithTheSchedulerGiveThePublishedKeys) {
+  const CScheduler::TSettings lendAtOnce{
+      .nMultithreadingLevels = 1, .nLevels = 6, .bCustom = true, .runnerUpDelay = {}};
+  int nSolved = 0;
+  std::uint64_t nLent = 0;
+  for (const auto& row : testdata::ReadTsv("directmates.tsv")) {
+    if (std::stoi(row.at("n")) < 4 || row.at("popeye_seconds").empty() ||
+        std::stod(row.at("popeye_seconds")) > 0.3)
+      continue;
+    for (const auto& [nThreads, bShare] : {std::pair{1, true}, {2, true}, {3, false}}) {
+      const TSolved solved = SolveAll(row.at("fen"), std::stoi(row.at("n")), true, nThreads, bShare,
+                                      lendAtOnce, &nLent);
+      EXPECT_EQ(solved.keys, PublishedKeys(row)) << row.at("id") << ", " << nThreads << " threads";
+    }
+    ++nSolved;
+  }
+  EXPECT_GE(nSolved, 5);
+  EXPECT_GT(nLent, 0u);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <new>
@@ -150,6 +152,30 @@ TEST(SolveControl, AKeyFoundFirstByALaterMoveWaitsForTheEarlierMoves) {
   ASSERT_THAT(std::vector(firstMoves.begin(), firstMoves.begin() + 3),
               ElementsAreArray(std::vector(all.begin(), all.begin() + 3)));
   EXPECT_THAT(Texts(start, solver.Run().keys), ElementsAreArray({all[0], all[1]}));
+}
+
+// The scheduler's threads sleep with the others: a solve that lends time pauses, resumes and
+// stops like any other, and no thread is left waiting for a permit.
+TEST(SolveControl, ASolveThatLendsTimePausesResumesAndStops) {
+  const TProblemPosition problem = Row("moremovers.tsv", "mt-04273");
+  TChessboardRegister<bool> reg(1'000'000);
+  CMateSolver solver(
+      Position(problem.fen), problem.nMoves,
+      {.nThreads = 2, .pRegister = &reg, .nSchedulerLevels = 6, .bCustomScheduler = true});
+  std::atomic<bool> bEnded{false};
+  TRootOutcome outcome;
+  std::thread run([&] {
+    outcome = solver.Run();
+    bEnded = true;
+  });
+  while (solver.Root().LentPositions() == 0 && !bEnded)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_GT(solver.Root().LentPositions(), 0u) << "the solve ended before it lent time";
+  solver.Pause();
+  solver.Resume();
+  solver.Stop();
+  run.join();
+  EXPECT_TRUE(outcome.bInterrupted);
 }
 
 }  // namespace
