@@ -14,7 +14,7 @@ CLendingThreads::CLendingThreads(SearchContext& searchContext, std::uint16_t roo
 }
 
 CLendingThreads::~CLendingThreads() {
-  End();
+  if (!threads.empty()) End();  // a run that ended by an exception before End
 }
 
 bool CLendingThreads::Start(const TThreadStarter& starter, std::size_t nStackBytes,

@@ -23,6 +23,9 @@ constexpr std::uint16_t kMinBlackRegisterPlies = 4;
 constexpr std::uint16_t kMinDeepeningPlies = 9;
 // Shallower White nodes are over before another thread could join them.
 constexpr std::uint16_t kMinSplitPlies = 5;
+// Shallower White nodes rarely run long enough to lend time; keeping them out of the
+// scheduler's books spares the short problems its costs.
+constexpr std::uint16_t kMinLendingPlies = 9;
 // The most pieces, kings included, of a position the tables may hold.
 constexpr int kMaxTablePieces = 5;
 
@@ -218,7 +221,9 @@ MateResult CMateSearch::SearchWhiteNode(const TChessboard& board) {
   }
   const bool bMaySplit = !bThreatSearch && board.ply >= kMinSplitPlies && n > 1;
   const bool bShare = bMaySplit && splitBoard != nullptr && splitBoard->HasIdleWorkers();
-  if (bShare || (bMaySplit && scheduler != nullptr && scheduler->Covers(board))) {
+  const bool bLend = bMaySplit && board.ply >= kMinLendingPlies && scheduler != nullptr &&
+                     scheduler->Covers(board);
+  if (bShare || bLend) {
     TSplitPoint split;
     split.children = children;
     split.order = order;
