@@ -320,20 +320,16 @@ void CMateSearch::SearchWhiteChildrenShared(TSplitPoint& split) {
 
 void CMateSearch::SearchWhiteChildrenLendingTime(TSplitPoint& split) {
   lendingNodes.push_back({&split, std::chrono::steady_clock::now(), false});
-  // However the node ends, its helpers have left before its tally is read. When it ends by
-  // an exception, they are told to give up first: nobody will read what they find.
+  // However the node ends, an exception included, its helpers have left before its tally is
+  // read. It is offered to them only once it has run for a while (OfferRunnerUps).
   struct TEnd {
     CMateSearch& search;
     const int nUncaught = std::uncaught_exceptions();
     ~TEnd() {
       const TLendingNode node = search.lendingNodes.back();
       search.lendingNodes.pop_back();
-      if (!node.bOpen) return;
-      if (std::uncaught_exceptions() > nUncaught) {
-        node.split->abandon.bSet = true;
-        search.context.run.WakeParked();
-      }
-      search.scheduler->Board().Close(*node.split);
+      if (node.bOpen)
+        search.scheduler->Board().Close(*node.split, std::uncaught_exceptions() > nUncaught);
     }
   } end{*this};
   HelpAt(split);

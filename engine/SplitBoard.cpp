@@ -21,7 +21,11 @@ void CSplitBoard::Open(TSplitPoint& split) {
   control.Notify();  // the idle threads wait for work like this
 }
 
-void CSplitBoard::Close(TSplitPoint& split) {
+void CSplitBoard::Close(TSplitPoint& split, bool bOwnerFailed) {
+  if (bOwnerFailed) {
+    split.abandon.bSet = true;
+    control.WakeParked();
+  }
   for (;;) {
     const std::uint64_t seen = control.Generation();
     {
@@ -52,11 +56,7 @@ CSplitBoard::COpening::COpening(CSplitBoard& splitBoard, TSplitPoint& splitPoint
 }
 
 CSplitBoard::COpening::~COpening() {
-  if (std::uncaught_exceptions() > nUncaught) {
-    split.abandon.bSet = true;
-    board.control.WakeParked();
-  }
-  board.Close(split);
+  board.Close(split, std::uncaught_exceptions() > nUncaught);
 }
 
 CSplitBoard::CHelping::CHelping(CSplitBoard& splitBoard, TSplitPoint& splitPoint)

@@ -18,11 +18,11 @@ class CSplitBoard {
   TSplitPoint* Join();
   // Offers split's moves to helpers from now on; the owner must Close it before it returns.
   void Open(TSplitPoint& split);
-  // Removes the split point once no helper is inside it any more.
-  void Close(TSplitPoint& split);
-
-  // Keeps a split point open to helpers for the owner's scope. When the owner leaves by an
+  // Removes the split point once no helper is inside it any more. When its owner leaves by an
   // exception, the helpers are told to give up first: nobody will read what they find.
+  void Close(TSplitPoint& split, bool bOwnerFailed);
+
+  // Keeps a split point open to helpers for the owner's scope, an exception included.
   class COpening {
    public:
     COpening(CSplitBoard& board, TSplitPoint& split);
