@@ -1,15 +1,14 @@
 #include <chrono>
 #include <cstdio>
 #include <iostream>
-#include <limits>
 #include <memory>
 #include <string>
 
-#include "app/Options.h"
 #include "app/PublishedKeys.h"
 #include "app/SolverRun.h"
 #include "app/TablesService.h"
 #include "app/TsvTable.h"
+#include "cli/BenchSolverArguments.h"
 #include "cli/Commands.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -28,9 +27,7 @@ struct TBenchMoremoversArguments {
   std::string heuristics = "auto";
   bool bNoPass2 = false;
   bool bNoDynamicDlfu = false;
-  std::int64_t nRegisterElements = 4'000'000;
-  bool bNoTables = false;
-  int nSchedulerLevels = 6;  // as a user's solve by default
+  TBenchSolverArguments solver{.nRegisterElements = 4'000'000};
 };
 
 struct TRowResult {
@@ -50,15 +47,16 @@ TRowResult SolveRow(const CTsvTable::TRow& row, const TBenchMoremoversArguments&
   const int nMoves = std::stoi(row.at("n"));
   // As a user's solve: the doubtful answers of the heuristic passes kept for their next turns,
   // and quick mode where the position allows it.
-  TAggregatedTemporaryChessboardRegister reg(static_cast<std::uint32_t>(args.nRegisterElements));
+  TAggregatedTemporaryChessboardRegister reg(
+      static_cast<std::uint32_t>(args.solver.nRegisterElements));
   CMateSolver solver(start, nMoves,
                      {.nThreads = args.nThreads,
                       .nMaxSolutions = 1,
                       .pRegister = &reg,
                       .pDoubtful = &reg,
                       .pTables = tables,
-                      .nSchedulerLevels = args.nSchedulerLevels,
-                      .bCustomScheduler = args.nSchedulerLevels > 0,
+                      .nSchedulerLevels = args.solver.nSchedulerLevels,
+                      .bCustomScheduler = args.solver.CustomScheduler(),
                       .heuristicPasses = heuristicchoice::PassesFor(start, nMoves, {}, named,
                                                                     !args.bNoDynamicDlfu),
                       .bPass2 = !args.bNoPass2,
@@ -91,14 +89,7 @@ void RunBenchMoremovers(const TBenchMoremoversArguments& args) {
     std::cerr << "--heuristics: cannot read " << named.sError << "\n";
     throw CommandExit{2};
   }
-  std::unique_ptr<CTablesService> tables;
-  if (!args.bNoTables) {
-    for (const std::string& warning : ReadOptions()) std::fprintf(stderr, "%s\n", warning.c_str());
-    tables = std::make_unique<CTablesService>(
-        TablesSettingsFromOptions(Options()),
-        [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
-    std::fprintf(stderr, "%zu endgame tables loaded\n", tables->LoadAll());
-  }
+  const std::unique_ptr<CTablesService> tables = LoadBenchTables(args.solver);
   std::printf("%-12s %3s %5s %8s %12s  %s\n", "problem", "#", "pass", "seconds", "positions",
               "key");
   int nRows = 0, nPublished = 0;
@@ -139,13 +130,6 @@ void AddBenchMoremoversCommand(CLI::App& bench) {
   command->add_flag("--no-pass2", args->bNoPass2, "Skip the pass without heuristics");
   command->add_flag("--no-dynamic-dlfu", args->bNoDynamicDlfu,
                     "Never set SH_DONTLETFIGUREUNBLOCK during the analysis");
-  command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
-      ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
-  command->add_flag("--no-tables", args->bNoTables,
-                    "Solve without the endgame tables of the working folder (Precalc)");
-  command
-      ->add_option("--scheduler-levels", args->nSchedulerLevels,
-                   "Levels whose White nodes lend time to their runners-up (0: no scheduler)")
-      ->check(CLI::Range(0, 9));
+  AddBenchSolverOptions(*command, args->solver);
   command->callback([args] { RunBenchMoremovers(*args); });
 }

@@ -1,14 +1,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
-#include <limits>
 #include <memory>
 
 #include "app/MedianTiming.h"
-#include "app/Options.h"
 #include "app/PublishedKeys.h"
 #include "app/TablesService.h"
 #include "app/TsvTable.h"
+#include "cli/BenchSolverArguments.h"
 #include "cli/Commands.h"
 #include "core/Fen.h"
 #include "core/Notation.h"
@@ -22,9 +21,7 @@ struct TBenchSolveArguments {
   bool bAllRows = false;
   int nThreads = 1;
   int nRuns = 1;
-  std::int64_t nRegisterElements = 20'000'000;  // signed, so that "-1" is refused
-  bool bNoTables = false;
-  int nSchedulerLevels = 6;  // as a user's solve by default
+  TBenchSolverArguments solver{.nRegisterElements = 20'000'000};
 };
 
 struct TTiming {
@@ -40,14 +37,14 @@ TTiming Solve(const TChessboard& start, int nMoves, int nThreads, const TBenchSo
               CTablesService* tables) {
   TTiming timing;
   timing.seconds = MedianSeconds(args.nRuns, [&] {
-    TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.nRegisterElements));
+    TChessboardRegister<bool> reg(static_cast<std::uint32_t>(args.solver.nRegisterElements));
     CMateSolver solver(start, nMoves,
                        {.nThreads = nThreads,
                         .nMaxSolutions = 0,
                         .pRegister = &reg,
                         .pTables = tables,
-                        .nSchedulerLevels = args.nSchedulerLevels,
-                        .bCustomScheduler = args.nSchedulerLevels > 0});
+                        .nSchedulerLevels = args.solver.nSchedulerLevels,
+                        .bCustomScheduler = args.solver.CustomScheduler()});
     const TRootOutcome outcome = solver.Run();
     timing.nPositions = outcome.nPositions;
     timing.keys = outcome.keys;
@@ -92,15 +89,7 @@ void RunBenchSolve(const TBenchSolveArguments& args) {
   double total = 0, referenceTotal = 0, unreferencedTotal = 0, threadedTotal = 0;
   int nWrong = 0, nSlower = 0;
   std::uint32_t nPeak = 0;
-  std::unique_ptr<CTablesService> tables;
-  if (!args.bNoTables) {
-    for (const std::string& warning : ReadOptions()) std::fprintf(stderr, "%s\n", warning.c_str());
-    tables = std::make_unique<CTablesService>(
-        TablesSettingsFromOptions(Options()),
-        [](const std::string& message) { std::fprintf(stderr, "%s\n", message.c_str()); });
-    // Read before the clock runs, as a session keeps them from one solve to the next.
-    std::fprintf(stderr, "%zu endgame tables loaded\n", tables->LoadAll());
-  }
+  const std::unique_ptr<CTablesService> tables = LoadBenchTables(args.solver);
   for (const auto& row : rows) {
     TChessboard start;
     ClearChessboard(start);
@@ -159,13 +148,6 @@ void AddBenchSolveCommand(CLI::App& bench) {
       ->check(CLI::Range(1, 64));
   command->add_option("--runs", args->nRuns, "Runs per problem; the median is printed")
       ->check(CLI::Range(1, 99));
-  command->add_option("--register", args->nRegisterElements, "Register entries (0: none)")
-      ->check(CLI::Range(std::int64_t{0}, std::int64_t{std::numeric_limits<std::uint32_t>::max()}));
-  command->add_flag("--no-tables", args->bNoTables,
-                    "Solve without the endgame tables of the working folder (Precalc)");
-  command
-      ->add_option("--scheduler-levels", args->nSchedulerLevels,
-                   "Levels whose White nodes lend time to their runners-up (0: no scheduler)")
-      ->check(CLI::Range(0, 9));
+  AddBenchSolverOptions(*command, args->solver);
   command->callback([args] { RunBenchSolve(*args); });
 }

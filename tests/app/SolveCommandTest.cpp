@@ -83,6 +83,9 @@ TEST_F(SolveCommand, NumbersOutOfRangeAreRefused) {
       {"bench solve --register -1", "--register"},
       {"bench solve --register 4294967296", "--register"},
       {"bench solve --threads 0", "--threads"},
+      {"bench solve --scheduler-levels 10", "--scheduler-levels"},
+      {"bench moremovers --register -1", "--register"},
+      {"bench moremovers --scheduler-levels -1", "--scheduler-levels"},
       {"bench read --problems 0", "--problems"},
   };
   for (const auto& [arguments, szNamed] : cases) {
