@@ -2,9 +2,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <vector>
@@ -88,6 +90,10 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
+  // The program writes its settings and logs into its working folder: the tests get a fresh
+  // one, whatever folder they are started from.
+  const QTemporaryDir workingFolder;
+  if (!workingFolder.isValid() || !QDir::setCurrent(workingFolder.path())) return 1;
   // The files opened last are kept apart from the user's own.
   QStandardPaths::setTestModeEnabled(true);
   QApplication::setOrganizationName("LongmateTests");
