@@ -4,15 +4,12 @@
 
 void CBackgroundTask::CContext::Progress(const QString& text, double dFraction) const {
   CBackgroundTask* target = &task;  // the context may be gone when the call is made
-  QMetaObject::invokeMethod(
-      target, [target, text, dFraction] { Q_EMIT target->Progress(text, dFraction); },
-      Qt::QueuedConnection);
+  task.guiCalls.Post([target, text, dFraction] { Q_EMIT target->Progress(text, dFraction); });
 }
 
 void CBackgroundTask::CContext::Line(const QString& text) const {
   CBackgroundTask* target = &task;
-  QMetaObject::invokeMethod(
-      target, [target, text] { Q_EMIT target->Line(text); }, Qt::QueuedConnection);
+  task.guiCalls.Post([target, text] { Q_EMIT target->Line(text); });
 }
 
 // The queued outcome of a work still running is dropped with this object.
@@ -46,13 +43,10 @@ bool CBackgroundTask::Start(const QString& taskTitle, TWork work, TStopHook onSt
       outcome = QString::fromStdString(error.what());
     }
     const bool bStopped = stop.stop_requested();
-    QMetaObject::invokeMethod(
-        this,
-        [this, outcome, bStopped] {
-          bRunning = false;
-          Q_EMIT Finished(outcome, bStopped);
-        },
-        Qt::QueuedConnection);
+    guiCalls.Post([this, outcome, bStopped] {
+      bRunning = false;
+      Q_EMIT Finished(outcome, bStopped);
+    });
   });
   return true;
 }

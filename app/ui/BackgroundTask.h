@@ -12,6 +12,8 @@
 #include <stop_token>
 #include <thread>
 
+#include "app/ui/GuiThreadQueue.h"
+
 class CBackgroundTask : public QObject {
   Q_OBJECT
  public:
@@ -54,6 +56,7 @@ class CBackgroundTask : public QObject {
  private:
   void Stop(bool bAtOnce);
 
+  CGuiThreadQueue guiCalls;
   std::jthread worker;
   bool bRunning = false;  // as the GUI thread knows it: until Finished is emitted
   QString title;

@@ -1,7 +1,5 @@
 #include "app/ui/SolveController.h"
 
-#include <QMetaObject>
-
 namespace {
 
 // The status line is cut by the window to its width; here it is composed whole.
@@ -36,30 +34,24 @@ CSolveController::CSolveController(const COptions& settings, QObject* parent) : 
   TSessionCallbacks callbacks{
       .onProgress =
           [this](const TPassProgress& progress) {
-            QMetaObject::invokeMethod(
-                this, [this, progress] { OnProgress(progress); }, Qt::QueuedConnection);
+            guiCalls.Post([this, progress] { OnProgress(progress); });
           },
       .onPassFinished =
           [this](const TPassOutcome& outcome) {
-            const QStringList lines = ToStringList(outcome.reportLines);
-            QMetaObject::invokeMethod(
-                this, [this, lines] { Q_EMIT PassFinished(lines); }, Qt::QueuedConnection);
+            guiCalls.Post(
+                [this, lines = ToStringList(outcome.reportLines)] { Q_EMIT PassFinished(lines); });
           },
       .onSolveFinished =
           [this] {
-            QMetaObject::invokeMethod(
-                this,
-                [this] {
-                  bRunning = bPaused = false;
-                  Q_EMIT SolveFinished();
-                },
-                Qt::QueuedConnection);
+            guiCalls.Post([this] {
+              bRunning = bPaused = false;
+              Q_EMIT SolveFinished();
+            });
           },
       .onMessage =
           [this](const std::string& text) {
-            const QString message = QString::fromStdString(text);
-            QMetaObject::invokeMethod(
-                this, [this, message] { Q_EMIT Message(message); }, Qt::QueuedConnection);
+            guiCalls.Post(
+                [this, message = QString::fromStdString(text)] { Q_EMIT Message(message); });
           },
       // The window cannot ask from the solving thread without waiting on the GUI: the
       // problem's own thread count is taken, as the console does.

@@ -1,6 +1,6 @@
 #pragma once
 // The window's side of a solving session. The session's callbacks run in its solving thread;
-// each is handed over to the GUI thread as a queued call, so that the signals below are
+// each is handed over to the GUI thread through a queue of calls, so that the signals below are
 // always emitted on the GUI thread and no engine thread ever touches a widget. Nothing here
 // waits for the engine, except the destructor, which stops a running solve and joins it.
 #include <QObject>
@@ -13,6 +13,7 @@
 #include "app/SolvingEvents.h"
 #include "app/SolvingSession.h"
 #include "app/StatusLine.h"
+#include "app/ui/GuiThreadQueue.h"
 
 // The status line's items for a snapshot of the running pass.
 TStatusItems StatusItemsOf(const TPassProgress& progress);
@@ -47,6 +48,7 @@ class CSolveController : public QObject {
  private:
   void OnProgress(const TPassProgress& progress);
 
+  CGuiThreadQueue guiCalls;
   std::unique_ptr<CSolvingSession> session;
   TPassProgress lastProgress;
   bool bRunning = false;  // as the GUI thread knows it: until SolveFinished is emitted
