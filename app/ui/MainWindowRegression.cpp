@@ -25,6 +25,10 @@ struct TRegressionJob {
   COptions settings;  // as they were at the start: the window may change its own meanwhile
   std::unique_ptr<CSolvingSession> session;
   std::unique_ptr<CRegressionLog> log;
+  // The running work's link to the progress area, where the session's notices go (a log that
+  // cannot be written, an unusable table). The session speaks only while it solves, which is
+  // within the work.
+  const CBackgroundTask::CContext* context = nullptr;
 };
 
 }  // namespace
@@ -51,7 +55,10 @@ void CMainWindow::RunRegression(bool bQuick) {
   if (!ReadProblemsFile(filePath, job->problems, notes))
     return ShowMessage(WindowText("Warning"), notes.join('\n'));
   job->settings = Options();
-  job->session = std::make_unique<CSolvingSession>(job->settings);
+  job->session = std::make_unique<CSolvingSession>(
+      job->settings, TSessionCallbacks{.onMessage = [notices = job.get()](const std::string& text) {
+        if (notices->context) notices->context->Line(QString::fromStdString(text));
+      }});
   job->log = std::make_unique<CRegressionLog>(std::filesystem::current_path());
   const QString label = filePath;
   const TThreadSettings runThreads = threads;
@@ -59,6 +66,7 @@ void CMainWindow::RunRegression(bool bQuick) {
       bQuick ? "Run quick regression test (solve single problem for no longer than 64 sec.)"
              : "Run regression test (solve all problems in the current file)",
       [job, bQuick, label, runThreads](const CBackgroundTask::CContext& context) {
+        job->context = &context;
         std::size_t nLines = 0;
         CRegressionRunner runner(*job->session, job->settings, *job->log,
                                  CRegressionRunner::LocalResources(job->settings),
@@ -76,6 +84,7 @@ void CMainWindow::RunRegression(bool bQuick) {
           problems.push_back(problem.get());
         const TRegressionTally tally = runner.Run(
             problems, {.bQuick = bQuick, .threads = runThreads, .wait = {.bQuiet = true}});
+        job->context = nullptr;
         const int nLanguage = job->settings.nLanguageId;
         return QString::fromStdString(
                    EngineEndText(nLanguage, label.toStdString(), tally.bStopped)) +

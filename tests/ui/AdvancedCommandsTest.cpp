@@ -267,8 +267,12 @@ class CAdvancedCommandsTest : public QObject {
     QCOMPARE(files, (QStringList{"KBK.lmt", "KNK.lmt", "KQK.lmt", "KRK.lmt"}));
   }
 
-  void RegressionRunWritesAndOpensItsLog() {
+  // The run's own session tells its notices in the progress area, here a moves log that
+  // cannot be opened because a folder stands at its name.
+  void RegressionRunWritesAndOpensItsLogAndShowsTheSessionsNotices() {
     const CFolderScope scope;
+    QVERIFY(QDir().mkdir(scope.Path("MovesLogger_problem1_thread0.log")));
+    Options().bLogMoves = true;
     auto window = OpenWindowOn(scope, kMateInTwo);
     QVERIFY(window);
     QString opened;
@@ -283,6 +287,8 @@ class CAdvancedCommandsTest : public QObject {
              qPrintable(reported.last().at(0).toString()));
     QVERIFY(opened.endsWith("RegressionTest.log"));
     QVERIFY(ReadText(opened).contains("Test #1 ok"));
+    QVERIFY2(window->ResultText().contains("Error opening file: MovesLogger_problem1_thread0.log"),
+             qPrintable(window->ResultText()));
   }
 
   void StopEndsARegressionRunAfterTheCurrentProblem() {
