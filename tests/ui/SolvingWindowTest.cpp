@@ -1,8 +1,10 @@
 // Solving from the window: F5 on a mate in 2 and on a selfmate, a long solve stopped from
-// the Start button, a window closed while it solves, and the status line composed from the
-// session's snapshot.
+// the Start button, the register's counters beside a long status line, a window closed while it
+// solves, and the status line composed from the session's snapshot.
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -105,6 +107,28 @@ class CSolvingWindowTest : public QObject {
                  EngineEndText(kEnglishLanguageId, std::to_string(id), true))),
              qPrintable(window->ResultText()));
     QCOMPARE(window->MoveListText(), QString());  // nothing was found to show
+  }
+
+  // The long status line of a solve gives way to the register's counters: they stay whole
+  // in a window 1000 pixels wide.
+  void RegisterCountersStayWholeBesideALongStatusLine() {
+    auto window = OpenSampleWindow();
+    QVERIFY(window);
+    window->resize(1000, 600);
+    QVERIFY(window->GoToProblem(LongestProblem(ReadSample())));
+    QSignalSpy reported(window.get(), &CMainWindow::SolveReported);
+    window->StartSolve(false);
+    QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().startsWith("Pass "), kSolveTimeoutMs);
+    auto* counters = window->findChild<QLabel*>("registerCounters");
+    QVERIFY(counters);
+    QTRY_VERIFY(window->RegisterCountersText().contains(QRegularExpression("\\d{3}")));
+    QTRY_VERIFY2(counters->width() >= counters->sizeHint().width(),
+                 qPrintable(QString("%1 of %2 px for \"%3\" beside \"%4\"")
+                                .arg(counters->width())
+                                .arg(counters->sizeHint().width())
+                                .arg(counters->text(), window->StatusText())));
+    window->StopSolve();
+    QVERIFY(reported.wait(kSolveTimeoutMs));
   }
 
   void ClosingTheWindowDuringASolveStopsIt() {
