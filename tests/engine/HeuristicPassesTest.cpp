@@ -6,6 +6,7 @@
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
 #include "engine/RegisterKey.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 
 namespace {
 
@@ -54,11 +55,13 @@ struct TRun {
 
 TRun Solve(const testdata::TRow& row, const std::vector<THeuristicSet>& passes, bool bPass2,
            int nThreads = 1) {
-  TChessboardRegister<bool> reg(1'000'000);
+  // The doubtful answers are kept, as a solve keeps them.
+  TAggregatedTemporaryChessboardRegister reg(1'000'000);
   CMateSolver solver(matetest::Root(row), matetest::Moves(row),
                      {.nThreads = nThreads,
                       .nMaxSolutions = 0,
                       .pRegister = &reg,
+                      .pDoubtful = &reg,
                       .heuristicPasses = passes,
                       .bPass2 = bPass2});
   TRun run{solver.Run(), 0};

@@ -18,6 +18,7 @@
 #include "core/Notation.h"
 #include "engine/HeuristicPlan.h"
 #include "engine/MateSolver.h"
+#include "registers/AggregatedTemporaryChessboardRegister.h"
 
 namespace {
 
@@ -83,10 +84,11 @@ std::vector<THeuristicSet> HeuristicPasses() {
 // The heuristic passes alone find only keys, and leave doubtful what they cannot settle.
 void ExpectHeuristicPassesSound(const TChessboard& start, int nMoves,
                                 const std::vector<std::string>& expected) {
-  TChessboardRegister<bool> reg(1'000'000);
+  TAggregatedTemporaryChessboardRegister reg(1'000'000);
   CMateSolver solver(start, nMoves,
                      {.nMaxSolutions = 0,
                       .pRegister = &reg,
+                      .pDoubtful = &reg,
                       .heuristicPasses = HeuristicPasses(),
                       .bPass2 = false});
   const TRootOutcome outcome = solver.Run();
@@ -103,12 +105,14 @@ void ExpectHeuristicPassesSound(const TChessboard& start, int nMoves,
 bool ExpectEngineAgrees(const TChessboard& start, int nMoves) {
   const std::vector<std::string> expected = ReferenceKeys(start, nMoves);
   for (const TEngineRun& run : kEngineRuns) {
-    TChessboardRegister<bool> reg(1'000'000);
+    // The doubtful answers of the heuristic passes are kept, as a solve keeps them.
+    TAggregatedTemporaryChessboardRegister reg(1'000'000);
     CMateSolver solver(
         start, nMoves,
         {.nThreads = run.nThreads,
          .nMaxSolutions = 0,
          .pRegister = &reg,
+         .pDoubtful = &reg,
          .heuristicPasses = run.bHeuristics ? HeuristicPasses() : std::vector<THeuristicSet>{}});
     solver.SetCutRepetitions(run.bCutRepetitions);
     const TRootOutcome outcome = solver.Run();
