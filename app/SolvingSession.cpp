@@ -237,9 +237,13 @@ TRootOutcome CSolvingSession::Supervise(CMateSolver& solver, const SolvingReques
   SetActiveSolver(&solver);
   try {
     CSolverRun run(solver);
-    do {
+    // One snapshot more once the pass is done, with its final figures: a quick pass would
+    // otherwise leave its first one, of no positions, on show.
+    for (bool bDone = false;;) {
       if (callbacks.onProgress) callbacks.onProgress(Snapshot(solver, request, start));
-    } while (!run.WaitFor(kProgressInterval));
+      if (bDone) break;
+      bDone = run.WaitFor(kProgressInterval);
+    }
     TRootOutcome outcome = run.TakeOutcome();
     SetActiveSolver(nullptr);
     return outcome;

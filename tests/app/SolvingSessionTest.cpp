@@ -74,6 +74,7 @@ TEST(SolvingSession, ReportsThroughCallbacks) {
   std::mutex mutex;
   std::vector<TPassProgress> progress;
   std::vector<TPassOutcome> outcomes;
+  std::vector<TPassProgress> lastProgressOfPass;  // the report before each outcome
   std::atomic<int> nFinished{0};
   CSolvingSession session(TestOptions(), {.onProgress =
                                               [&](const TPassProgress& p) {
@@ -84,6 +85,8 @@ TEST(SolvingSession, ReportsThroughCallbacks) {
                                               [&](const TPassOutcome& o) {
                                                 const std::lock_guard lock(mutex);
                                                 outcomes.push_back(o);
+                                                if (!progress.empty())
+                                                  lastProgressOfPass.push_back(progress.back());
                                               },
                                           .onSolveFinished = [&] { ++nFinished; }});
   const auto problem = ReferenceProblem(kMates, "loyd-1859", 0, 37);
@@ -102,6 +105,13 @@ TEST(SolvingSession, ReportsThroughCallbacks) {
   EXPECT_THAT(outcomes[0].result.keyTexts, ElementsAreArray({"Qh5-a5"}));
   EXPECT_THAT(outcomes[1].result.keyTexts, ElementsAreArray({"Qa5-h5"}));
   EXPECT_EQ(outcomes[0].result.nMove, MoveOf("Qh5-a5").from | MoveOf("Qh5-a5").to << 8);
+  // Each pass's last report gives its final figures, however quickly it ended.
+  ASSERT_EQ(lastProgressOfPass.size(), outcomes.size());
+  for (std::size_t i = 0; i < outcomes.size(); ++i) {
+    EXPECT_EQ(lastProgressOfPass[i].sLabel, outcomes[i].sLabel);
+    EXPECT_GT(outcomes[i].result.nPositions, 0u);
+    EXPECT_EQ(lastProgressOfPass[i].nPositions, outcomes[i].result.nPositions);
+  }
 }
 
 TEST(SolvingSession, StopEndsALongSolveThatSaysItDidNotFinish) {
