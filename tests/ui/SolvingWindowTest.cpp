@@ -121,7 +121,8 @@ class CSolvingWindowTest : public QObject {
     QTRY_VERIFY_WITH_TIMEOUT(window->StatusText().startsWith("Pass "), kSolveTimeoutMs);
     auto* counters = window->findChild<QLabel*>("registerCounters");
     QVERIFY(counters);
-    QTRY_VERIFY(window->RegisterCountersText().contains(QRegularExpression("\\d{3}")));
+    QTRY_VERIFY_WITH_TIMEOUT(window->RegisterCountersText().contains(QRegularExpression("\\d{3}")),
+                             kSolveTimeoutMs);
     QTRY_VERIFY2(counters->width() >= counters->sizeHint().width(),
                  qPrintable(QString("%1 of %2 px for \"%3\" beside \"%4\"")
                                 .arg(counters->width())
