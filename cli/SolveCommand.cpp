@@ -74,6 +74,16 @@ std::string MovesText(const std::vector<std::string>& moves) {
   return text.empty() ? "-" : text;
 }
 
+bool ShowsPassLines(const TSolveArguments& args) {
+  return args.bShowPasses && !args.bQuiet;
+}
+
+// The pass lines overwrite one another, each ending in a carriage return: the last one, with
+// the final figures, keeps its line, and the report begins on the next.
+void EndPassLines(const TSolveArguments& args) {
+  if (ShowsPassLines(args)) std::fputs("\n", stderr);
+}
+
 void PrintPass(const SolvingRequest& request, const std::vector<std::string>& reportLines) {
   const TSolvingResult& result = request.result;
   for (const std::string& line : reportLines) std::printf("%s\n", line.c_str());
@@ -204,6 +214,7 @@ void SolveProblemOverMpi(CSolvingSession& session, CMpiSolver& mpi, const TProbl
                          CSolveTally& tally) {
   std::vector<std::unique_ptr<SolvingRequest>> passes;
   passes.push_back(mpi.Solve(session, OrderOf(problem, args, threads)));
+  EndPassLines(args);
   PrintHeader("Problem " + std::to_string(problem.id) + " " + problem.stipulation.Text(), problem,
               *passes.front());
   std::printf("First moves shared over %d MPI ranks\n", mpi.Ranks());
@@ -239,6 +250,7 @@ void SolveProblem(CSolvingSession& session, CMpiSolver* mpi, const TProblem& pro
   PrintHeader(title, problem, *session.Requests().front());
   const EWaitOutcome waited = session.Wait(
       {.bQuiet = args.bQuiet || args.bShowPasses, .nTimeLimitSeconds = args.nTimeLimitSeconds});
+  EndPassLines(args);
   PrintPasses(session.Requests());
   if (args.bTree || args.bJson) PrintSolutionTrees(session.Requests(), problem, args);
   // A register that could not be saved fails the problem: what was asked for is not there.
@@ -343,7 +355,7 @@ void RunSolve(const TSolveArguments& args) {
         std::cerr << question << " Yes\n";
         return true;
       }};
-  if (args.bShowPasses && !args.bQuiet)
+  if (ShowsPassLines(args))
     callbacks.onProgress = [](const TPassProgress& progress) {
       std::fputs(PassProgressLine(progress).c_str(), stderr);
     };

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "CommandRun.h"
 #include "SolvingFixtures.h"
 
@@ -55,12 +57,19 @@ TEST_F(SolveCommand, ExitStatuses) {
   }
 }
 
-// --show-passes prints each pass's progress line, with its heuristics, on the error stream.
+// --show-passes prints each pass's progress line, with its heuristics, on the error stream,
+// each over the one before; the last one, with the final figures of a solve, keeps its line.
 TEST_F(SolveCommand, ShowPassesPrintsThePassProgressLines) {
   const std::string longFen = ReferenceProblemFen("moremovers.tsv", "mt-04273");
   const TRun run = Run("solve --show-passes --fen '" + longFen + "' --mate 10 --time-limit 2");
   EXPECT_THAT(run.err, ::testing::ContainsRegex("Pass 1, 1\\. [^\r]* SH:[0-9a-f]+h,TR:"));
   EXPECT_THAT(run.err, ::testing::HasSubstr("\r"));
+  const TRun quick = Run("solve --show-passes --fen '5Q2/8/8/R7/8/1k6/4K3/8' --mate 2");
+  std::smatch positions;
+  ASSERT_TRUE(std::regex_search(quick.out, positions, std::regex("positions: ([0-9]+)")))
+      << quick.out;
+  EXPECT_THAT(quick.err,
+              ::testing::EndsWith(" 100.0% " + positions[1].str() + ",TR:0(0)     \r\n"));
 }
 
 // Numbers out of range are refused with a message that names the option, never wrapped
