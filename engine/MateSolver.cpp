@@ -128,8 +128,10 @@ TRootOutcome CMateSolver::Run() {
     const bool bEnough = settings.nMaxSolutions > 0 &&
                          static_cast<int>(outcome.keys.size()) >= settings.nMaxSolutions;
     const bool bTimeUp = context.bPassTimeUp.load() && !context.run.IsStopping();
-    if ((outcome.bInterrupted && !bTimeUp) || outcome.nErrorCode != 0 || bEnough) break;
-    outcome.bInterrupted = false;  // the time of a turn is its own
+    // The time of a turn is its own: what its end cut short is left to the next turns, or
+    // not needed when the turn found enough keys.
+    if (bTimeUp) outcome.bInterrupted = false;
+    if (outcome.bInterrupted || outcome.nErrorCode != 0 || bEnough) break;
     schedule.Ended(turn->nIndex, !bTimeUp);
     if (settings.bStopRelaxingOnFirstSolution && !outcome.keys.empty())
       schedule.CloseHeuristicPasses();

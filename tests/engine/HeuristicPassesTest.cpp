@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <thread>
 
 #include "DirectMateRows.h"
 #include "engine/HeuristicPlan.h"
@@ -149,6 +152,40 @@ TEST(HeuristicPasses, PassesOutOfTimeHandOnToTheNext) {
     ++nRows;
   }
   EXPECT_GE(nRows, 3);
+}
+
+// A solve for one key ends with the turn that finds one, complete, even when the turn's time
+// ran out on a move before the key in the order of analysis. The first move taken is held back
+// at each of its turns, so that the other thread finds the key while the time runs out.
+TEST(HeuristicPasses, AKeyFoundInATurnThatRanOutOfTimeEndsTheSolveComplete) {
+  int nChecked = 0;
+  for (const auto& row : matetest::QuickRows(0.05, 4)) {
+    const std::vector<std::string> published = matetest::PublishedKeys(row);
+    if (published.empty()) continue;
+    std::atomic<int> nHeldMove{-1};
+    TChessboardRegister<bool> reg(1'000'000);
+    CMateSolver solver(
+        matetest::Root(row), matetest::Moves(row),
+        {.nThreads = 2,
+         .nMaxSolutions = 1,
+         .pRegister = &reg,
+         .hooks = {.onMoveTaken =
+                       [&](int nMove) {
+                         int nNone = -1;
+                         nHeldMove.compare_exchange_strong(nNone, nMove);
+                         if (nMove == nHeldMove.load())
+                           std::this_thread::sleep_for(std::chrono::milliseconds(200));
+                       }},
+         .heuristicPasses = Plans().front(),
+         .nFirstPassMs = 20});
+    const TRootOutcome outcome = solver.Run();
+    const auto keys = matetest::Texts(matetest::Root(row), outcome.keys, true);
+    EXPECT_FALSE(outcome.bInterrupted) << row.at("id");
+    ASSERT_EQ(keys.size(), 1u) << row.at("id");
+    EXPECT_TRUE(std::binary_search(published.begin(), published.end(), keys[0])) << row.at("id");
+    ++nChecked;
+  }
+  EXPECT_GE(nChecked, 3);
 }
 
 }  // namespace
