@@ -105,6 +105,10 @@ void CMainWindow::BuildLayout() {
   setCentralWidget(central);
   statusLabel = new QLabel(this);
   statusLabel->setObjectName("status");
+  // The line takes the room the fields on its right leave, and is cut to it: its length never
+  // pushes them out of the window.
+  statusLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusLabel->installEventFilter(this);
   statusBar()->addWidget(statusLabel, 1);
   connect(board, &CBoardView::SquareClicked, this, &CMainWindow::OnBoardClick);
   connect(board, &CBoardView::PieceDragged, this, &CMainWindow::OnBoardDrag);
@@ -204,6 +208,11 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
 void CMainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   RefreshControls();
+}
+
+bool CMainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == statusLabel && event->type() == QEvent::Resize) ShowStatusLine();
+  return QMainWindow::eventFilter(watched, event);
 }
 
 QAction* CMainWindow::Action(const QString& name) const {

@@ -142,14 +142,16 @@ void CMainWindow::RefreshControls() {
   ShowStatusLine();
 }
 
-// The status line cut to the label's width; redrawn alone at each progress report of a solve.
+// The status line cut to the label's width, ending in "... " where it is cut; redrawn alone at
+// each progress report of a solve.
 void CMainWindow::ShowStatusLine() {
   const QFontMetrics metrics(statusLabel->font());
-  const auto nWidth = static_cast<std::size_t>(
-      std::max(10, statusLabel->width() / std::max(1, metrics.averageCharWidth())));
-  statusLabel->setText(statusLine.size() > static_cast<qsizetype>(nWidth)
-                           ? statusLine.left(static_cast<qsizetype>(nWidth) - 4) + "... "
-                           : statusLine);
+  const int nRoom = statusLabel->contentsRect().width();
+  if (metrics.horizontalAdvance(statusLine) <= nRoom) return statusLabel->setText(statusLine);
+  const QString ending = "... ";
+  qsizetype nKept = statusLine.size();
+  while (nKept > 0 && metrics.horizontalAdvance(statusLine.left(nKept) + ending) > nRoom) --nKept;
+  statusLabel->setText(statusLine.left(nKept) + ending);
 }
 
 void CMainWindow::SetModified(bool bValue) {

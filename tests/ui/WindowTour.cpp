@@ -93,6 +93,7 @@ class CWindowTour : public QObject {
     QVERIFY(window);
     window->resize(1000, 640);
     const auto save = [&](const char* name) {
+      QApplication::processEvents();  // the layout follows the texts a report has just set
       QVERIFY(window->grab().save(QDir(folder).filePath(name)));
     };
     save("1-sample-open.png");
